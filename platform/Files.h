@@ -1,0 +1,90 @@
+// Files and directories as the library uses them: a thin layer over the system's own calls, so that tests can
+// replace it whole and make any single call fail. Paths use "\" as separator (repeated ones count as one);
+// the POSIX side maps them at the last moment. Operations answer a status and never throw.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vestrel::platform {
+
+enum class FileStatus : std::uint8_t {
+  Ok,
+  NotFound,       // the file is absent
+  PathNotFound,   // a folder on the way is absent
+  AccessDenied,   // no rights, a read-only file or a folder where a file is wanted
+  Busy,           // held by another program without sharing
+  Exists,
+  DiskFull,
+  Interrupted,
+  IoError,
+  BadName,
+};
+
+enum class OpenMode : std::uint8_t {
+  Read,          // must exist
+  ReadWrite,     // must exist; refused for a read-only file
+  Create,        // made when absent, emptied when present
+  CreateNew,     // must be absent
+  Append,        // made when absent, written at its end
+};
+
+// Identity and shape of a file, to notice that a path now names another file.
+struct FileInfo {
+  std::uint64_t size = 0;
+  std::uint64_t identity = 0;  // the same number as long as it is the same file
+  std::uint32_t permissions = 0;  // the system's own bits, to be handed to SetPermissions
+  bool readOnly = false;          // no write permission bit is set, whoever asks
+  bool directory = false;
+};
+
+// An open file. Closing reports a late failure; the destructor closes without reporting.
+class File {
+ public:
+  File() = default;
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  virtual ~File() = default;
+
+  // Reads up to buffer.size() bytes at `offset`; `done` says how many (0 at the end of the file).
+  virtual FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) = 0;
+  // Writes at `offset` (Append files: at the end, whatever `offset` says); `done` may be short.
+  virtual FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) = 0;
+  virtual FileStatus Info(FileInfo& info) = 0;
+  virtual FileStatus SetPermissions(std::uint32_t permissions) = 0;
+  // Forces what was written to the disk.
+  virtual FileStatus Sync() = 0;
+  // Waits for the exclusive (or shared) lock on this file, which other processes' locks respect. The lock
+  // goes with Unlock or Close. Two handles in one process exclude each other as well.
+  virtual FileStatus Lock(bool exclusive) = 0;
+  virtual FileStatus Unlock() = 0;
+  virtual FileStatus Close() = 0;
+};
+
+class Files {
+ public:
+  Files() = default;
+  Files(const Files&) = delete;
+  Files& operator=(const Files&) = delete;
+  virtual ~Files() = default;
+
+  virtual FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) = 0;
+  // Follows nothing that is not there: NotFound or PathNotFound for an absent one.
+  virtual FileStatus Info(std::u16string_view path, FileInfo& info) = 0;
+  // Puts `from` in the place of `to` in one step: a reader sees the old or the new file, whole.
+  virtual FileStatus Replace(std::u16string_view from, std::u16string_view to) = 0;
+  virtual FileStatus Remove(std::u16string_view path) = 0;
+  virtual FileStatus MakeDirectory(std::u16string_view path) = 0;
+  // Forces the entries of a folder (a replaced or removed name) to the disk; Ok where the system has no such
+  // thing.
+  virtual FileStatus SyncDirectory(std::u16string_view path) = 0;
+  // The names in a folder, in no defined order, without "." and "..".
+  virtual FileStatus List(std::u16string_view path, std::vector<std::u16string>& names) = 0;
+};
+
+}  // namespace vestrel::platform
