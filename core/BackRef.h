@@ -51,9 +51,9 @@ class WeakSource {
 };
 
 // Placed in the public part of a class that is held weakly, together with a member `WeakSource weakSource_`.
-#define VESTREL_HELD_WEAKLY()                                                   \
-  ::vestrel::WeakAnchor* BackReferenceAnchor(bool create) noexcept override {   \
-    return weakSource_.Get(*this, create);                                      \
+#define VESTREL_HELD_WEAKLY()                                                 \
+  ::vestrel::WeakAnchor* BackReferenceAnchor(bool create) noexcept override { \
+    return weakSource_.Get(*this, create);                                    \
   }
 
 template <class T>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 namespace vestrel {
 
@@ -69,10 +70,10 @@ void* QueryAs(Self* self, TypeKey key) noexcept {
 }  // namespace detail
 
 // Placed in the public part of a class: answers Query for the class itself and the interfaces named.
-#define VESTREL_OBJECT(...)                                               \
-  void* Query(::vestrel::TypeKey key) noexcept override {                 \
-    using Self = std::remove_pointer_t<decltype(this)>;                   \
-    return ::vestrel::detail::QueryAs<Self, __VA_ARGS__>(this, key);      \
+#define VESTREL_OBJECT(...)                                          \
+  void* Query(::vestrel::TypeKey key) noexcept override {            \
+    using Self = std::remove_pointer_t<decltype(this)>;              \
+    return ::vestrel::detail::QueryAs<Self, __VA_ARGS__>(this, key); \
   }
 
 }  // namespace vestrel

@@ -18,15 +18,18 @@ class Variant {
   enum class Kind : std::uint8_t { Empty, Boolean, Long, Double, String, Object };
 
   Variant() noexcept = default;
-  Variant(bool value) noexcept : value_(value) {}                      // NOLINT(google-explicit-constructor)
-  Variant(std::int16_t value) noexcept : value_(std::int32_t{value}) {}  // NOLINT(google-explicit-constructor)
-  Variant(std::int32_t value) noexcept : value_(value) {}              // NOLINT(google-explicit-constructor)
-  Variant(double value) noexcept : value_(value) {}                    // NOLINT(google-explicit-constructor)
+  Variant(bool value) noexcept : value_(value) {}  // NOLINT(google-explicit-constructor)
+  Variant(std::int16_t value) noexcept
+      : value_(std::int32_t{value}) {}                                  // NOLINT(google-explicit-constructor)
+  Variant(std::int32_t value) noexcept : value_(value) {}               // NOLINT(google-explicit-constructor)
+  Variant(double value) noexcept : value_(value) {}                     // NOLINT(google-explicit-constructor)
   Variant(std::u16string value) noexcept : value_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
-  Variant(std::u16string_view value) : value_(std::u16string(value)) {}  // NOLINT(google-explicit-constructor)
-  Variant(const char16_t* value) : value_(std::u16string(value)) {}    // NOLINT(google-explicit-constructor)
+  Variant(std::u16string_view value)
+      : value_(std::u16string(value)) {}                             // NOLINT(google-explicit-constructor)
+  Variant(const char16_t* value) : value_(std::u16string(value)) {}  // NOLINT(google-explicit-constructor)
   template <class T>
-  Variant(Ref<T> value) noexcept : value_(Ref<Object>(std::move(value))) {}  // NOLINT(google-explicit-constructor)
+  Variant(Ref<T> value) noexcept
+      : value_(Ref<Object>(std::move(value))) {}  // NOLINT(google-explicit-constructor)
 
   Kind kind() const noexcept { return static_cast<Kind>(value_.index()); }
   bool IsEmpty() const noexcept { return kind() == Kind::Empty; }

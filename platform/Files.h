@@ -15,10 +15,10 @@ namespace vestrel::platform {
 
 enum class FileStatus : std::uint8_t {
   Ok,
-  NotFound,       // the file is absent
-  PathNotFound,   // a folder on the way is absent
-  AccessDenied,   // no rights, a read-only file or a folder where a file is wanted
-  Busy,           // held by another program without sharing
+  NotFound,      // the file is absent
+  PathNotFound,  // a folder on the way is absent
+  AccessDenied,  // no rights, a read-only file or a folder where a file is wanted
+  Busy,          // held by another program without sharing
   Exists,
   DiskFull,
   Interrupted,
@@ -27,17 +27,17 @@ enum class FileStatus : std::uint8_t {
 };
 
 enum class OpenMode : std::uint8_t {
-  Read,          // must exist
-  ReadWrite,     // must exist; refused for a read-only file
-  Create,        // made when absent, emptied when present
-  CreateNew,     // must be absent
-  Append,        // made when absent, written at its end
+  Read,       // must exist
+  ReadWrite,  // must exist; refused for a read-only file
+  Create,     // made when absent, emptied when present
+  CreateNew,  // must be absent
+  Append,     // made when absent, written at its end
 };
 
 // Identity and shape of a file, to notice that a path now names another file.
 struct FileInfo {
   std::uint64_t size = 0;
-  std::uint64_t identity = 0;  // the same number as long as it is the same file
+  std::uint64_t identity = 0;     // the same number as long as it is the same file
   std::uint32_t permissions = 0;  // the system's own bits, to be handed to SetPermissions
   bool readOnly = false;          // no write permission bit is set, whoever asks
   bool directory = false;
