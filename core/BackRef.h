@@ -41,7 +41,7 @@ class WeakSource {
     anchor_->Release();
   }
 
-  WeakAnchor* Get(Object& owner, bool create) noexcept {
+  WeakAnchor* Get(Object& owner, bool create) {
     if (anchor_ == nullptr && create) anchor_ = new WeakAnchor(owner);
     return anchor_;
   }
@@ -51,16 +51,16 @@ class WeakSource {
 };
 
 // Placed in the public part of a class that is held weakly, together with a member `WeakSource weakSource_`.
-#define VESTREL_HELD_WEAKLY()                                                 \
-  ::vestrel::WeakAnchor* BackReferenceAnchor(bool create) noexcept override { \
-    return weakSource_.Get(*this, create);                                    \
+#define VESTREL_HELD_WEAKLY()                                        \
+  ::vestrel::WeakAnchor* BackReferenceAnchor(bool create) override { \
+    return weakSource_.Get(*this, create);                           \
   }
 
 template <class T>
 class BackRef {
  public:
   BackRef() noexcept = default;
-  BackRef(T* target) noexcept {  // NOLINT(google-explicit-constructor): assigned like a pointer
+  BackRef(T* target) {  // NOLINT(google-explicit-constructor): assigned like a pointer
     if (target == nullptr) return;
     pointer_ = target;
     anchor_ = target->BackReferenceAnchor(true);

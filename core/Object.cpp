@@ -25,7 +25,7 @@ void* Object::Query(TypeKey /*key*/) noexcept {
   return nullptr;
 }
 
-WeakAnchor* Object::BackReferenceAnchor(bool /*create*/) noexcept {
+WeakAnchor* Object::BackReferenceAnchor(bool /*create*/) {
   return nullptr;
 }
 

@@ -41,7 +41,7 @@ class Object {
 
   // The anchor through which back references find this object, or null for an object that back references
   // keep alive (a host's own handler). `create` makes the anchor where it does not exist yet.
-  virtual WeakAnchor* BackReferenceAnchor(bool create) noexcept;
+  virtual WeakAnchor* BackReferenceAnchor(bool create);
 
   // Objects of this thread that are alive now; tests and leak checks count with it.
   static long LiveCount() noexcept;
