@@ -12,7 +12,7 @@
 
 namespace vestrel {
 
-bool IsNumericText(std::u16string_view text) noexcept;
+bool IsNumericText(std::u16string_view text);
 
 double TextToDouble(std::u16string_view text);
 float TextToSingle(std::u16string_view text);
@@ -33,7 +33,7 @@ std::u16string SingleToText(float value);
 std::u16string_view BooleanToText(bool value) noexcept;
 
 // Whether the value is a number, a boolean or a text that IsNumericText accepts.
-bool IsNumeric(const Variant& value) noexcept;
+bool IsNumeric(const Variant& value);
 // The value as text: booleans "True"/"False", nothing as the empty text. Raises 13 for an object that has no
 // value of its own (clsLong and clsString have).
 std::u16string ToText(const Variant& value);

@@ -1,0 +1,80 @@
+#include "util/clsLogger.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+#include "core/Error.h"
+#include "core/FileError.h"
+#include "platform/Platform.h"
+#include "util/TextBuffer.h"
+
+namespace vestrel {
+namespace {
+
+constexpr std::u16string_view kSource = u"clsLogger.Log()";
+
+constexpr std::array<std::u16string_view, 5> kLevelNames = {u"LogSystem", u"Severe", u"Warning", u"Info",
+                                                            u"Spew"};
+
+}  // namespace
+
+void clsLogger::Init(std::u16string_view filename) {
+  filename_ = filename;
+  endIsUncertain_ = true;
+  level_ = LogLevel_3_INFO;
+  Log(u"========================================", LogLevel_0_SYSTEM);
+  Log(u"logging started at " + platform::clock().LocalDateTimeText(), LogLevel_0_SYSTEM);
+}
+
+void clsLogger::Log(std::u16string_view text, LogLevel_Enum level) {
+  if (!Passes(level)) return;
+  const auto index = static_cast<std::size_t>(level);
+  if (index >= kLevelNames.size()) RaiseError(Error_SubscriptOutOfRange, kSource);
+  TextBuffer line;
+  line.Append(u'[');
+  line.Append(kLevelNames[index]);
+  line.Append(u"] ");
+  line.Append(text);
+  line.Append(u"\r\n");
+  AppendLine(line);
+}
+
+void clsLogger::AppendLine(const TextBuffer& line) {
+  bool lossy = false;
+  std::string bytes = platform::encoding().Narrow(line.view(), lossy);
+  if (endIsUncertain_ && EndsInsideLine()) bytes.insert(0, "\r\n");
+  endIsUncertain_ = true;
+  Write(bytes);
+  endIsUncertain_ = false;
+}
+
+void clsLogger::Write(std::string_view bytes) {
+  std::unique_ptr<platform::File> file;
+  CheckFileStatus(platform::files().Open(filename_, platform::OpenMode::Append, file), kSource, filename_);
+  while (!bytes.empty()) {
+    std::size_t done = 0;
+    const platform::FileStatus status = file->WriteAt(0, std::span(bytes.data(), bytes.size()), done);
+    bytes.remove_prefix(done);
+    if (status == platform::FileStatus::Interrupted) continue;
+    CheckFileStatus(status, kSource, filename_);
+    if (done == 0) RaiseError(Error_DiskFull, kSource, filename_);
+  }
+  CheckFileStatus(file->Close(), kSource, filename_);
+}
+
+bool clsLogger::EndsInsideLine() const {
+  std::unique_ptr<platform::File> file;
+  platform::FileInfo info;
+  if (platform::files().Open(filename_, platform::OpenMode::Read, file) != platform::FileStatus::Ok)
+    return false;
+  if (file->Info(info) != platform::FileStatus::Ok || info.size == 0) return false;
+  char last = '\n';
+  std::size_t done = 0;
+  file->ReadAt(info.size - 1, std::span(&last, 1), done);
+  return done == 1 && last != '\n';
+}
+
+}  // namespace vestrel
