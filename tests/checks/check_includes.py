@@ -28,7 +28,7 @@ LAYERS = [
     ("model", ["model/*"], ["storage", "controller interfaces"]),
     ("leds", ["leds/*"], ["controller interfaces"]),
     ("recording", ["recording/*"], ["model"]),
-    ("controller", ["controller/*"], ["model", "leds"]),
+    ("controller", ["controller/*"], ["leds", "recording"]),
     ("util", ["util/*"], ["controller"]),
     ("component", ["component/*"], ["util", "recording"]),
     ("workbench", ["workbench/*"], ["component"]),
