@@ -32,14 +32,14 @@ enum class OpenMode : std::uint8_t {
   Create,     // made when absent, emptied when present
   CreateNew,  // must be absent
   Append,     // made when absent, written at its end
+  Scratch,    // made when absent, kept as it is when present; a link in its place is refused, not followed
 };
 
 // Identity and shape of a file, to notice that a path now names another file.
 struct FileInfo {
   std::uint64_t size = 0;
-  std::uint64_t identity = 0;     // the same number as long as it is the same file
-  std::uint32_t permissions = 0;  // the system's own bits, to be handed to SetPermissions
-  bool readOnly = false;          // no write permission bit is set, whoever asks
+  std::uint64_t identity = 0;  // the same number as long as it is the same file
+  bool readOnly = false;       // no write permission bit is set, whoever asks
   bool directory = false;
 };
 
@@ -55,12 +55,16 @@ class File {
   virtual FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) = 0;
   // Writes at `offset` (Append files: at the end, whatever `offset` says); `done` may be short.
   virtual FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) = 0;
+  virtual FileStatus Truncate(std::uint64_t size) = 0;
   virtual FileStatus Info(FileInfo& info) = 0;
-  virtual FileStatus SetPermissions(std::uint32_t permissions) = 0;
+  // Gives this file the permissions of `like` (a file of the same Files), and its owner as far as the system
+  // lets us.
+  virtual FileStatus CopyAccess(File& like) = 0;
   // Forces what was written to the disk.
   virtual FileStatus Sync() = 0;
-  // Waits for the exclusive (or shared) lock on this file, which other processes' locks respect. The lock
-  // goes with Unlock or Close. Two handles in one process exclude each other as well.
+  // Waits for the exclusive (or shared) lock on this file, which other processes' locks respect; reading and
+  // writing do not. The lock goes with Unlock or Close. Two handles in one process exclude each other as
+  // well.
   virtual FileStatus Lock(bool exclusive) = 0;
   virtual FileStatus Unlock() = 0;
   virtual FileStatus Close() = 0;
@@ -76,7 +80,11 @@ class Files {
   virtual FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) = 0;
   // Follows nothing that is not there: NotFound or PathNotFound for an absent one.
   virtual FileStatus Info(std::u16string_view path, FileInfo& info) = 0;
-  // Puts `from` in the place of `to` in one step: a reader sees the old or the new file, whole.
+  // The path with links followed: the file that a write through `path` would change. An absent file is
+  // answered as it was named.
+  virtual FileStatus Resolve(std::u16string_view path, std::u16string& real) = 0;
+  // Puts `from` in the place of `to` in one step: a reader sees the old or the new file, whole. Either may be
+  // open and locked.
   virtual FileStatus Replace(std::u16string_view from, std::u16string_view to) = 0;
   virtual FileStatus Remove(std::u16string_view path) = 0;
   virtual FileStatus MakeDirectory(std::u16string_view path) = 0;

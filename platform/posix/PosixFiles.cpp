@@ -1,0 +1,277 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+#include "platform/System.h"
+
+namespace vestrel::platform {
+namespace {
+
+constexpr unsigned kWriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
+
+FileStatus StatusOf(int error) {
+  switch (error) {
+    case ENOENT:
+      return FileStatus::NotFound;
+    case ENOTDIR:
+      return FileStatus::PathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ELOOP:
+      return FileStatus::AccessDenied;
+    case EBUSY:
+    case ETXTBSY:
+      return FileStatus::Busy;
+    case EEXIST:
+      return FileStatus::Exists;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return FileStatus::DiskFull;
+    case EINTR:
+      return FileStatus::Interrupted;
+    case ENAMETOOLONG:
+    case EILSEQ:
+      return FileStatus::BadName;
+    default:
+      return FileStatus::IoError;
+  }
+}
+
+FileStatus StatusOfCall(int result) {
+  return result == 0 ? FileStatus::Ok : StatusOf(errno);
+}
+
+// The system's form of a path: "/" for every run of separators. Empty for a path that it cannot hold.
+std::string SystemPath(std::u16string_view path) {
+  std::u16string mapped;
+  mapped.reserve(path.size());
+  for (const char16_t unit : path) {
+    if (unit == u'\0') return {};
+    const bool separator = unit == u'\\' || unit == u'/';
+    if (separator && !mapped.empty() && mapped.back() == u'/') continue;
+    mapped += separator ? u'/' : unit;
+  }
+  bool lossy = false;
+  std::string result = SystemEncoding().Narrow(mapped, lossy);
+  return lossy ? std::string() : result;
+}
+
+bool FolderOfExists(const std::string& path) {
+  const std::size_t end = path.rfind('/');
+  if (end == std::string::npos || end == 0) return true;
+  struct stat folder {};
+  return stat(path.substr(0, end).c_str(), &folder) == 0 && S_ISDIR(folder.st_mode);
+}
+
+FileStatus StatusOfPathCall(int result, const std::string& path) {
+  if (result >= 0) return FileStatus::Ok;
+  const FileStatus status = StatusOf(errno);
+  return status == FileStatus::NotFound && !FolderOfExists(path) ? FileStatus::PathNotFound : status;
+}
+
+FileInfo InfoOf(const struct stat& data) {
+  FileInfo info;
+  info.size = static_cast<std::uint64_t>(data.st_size);
+  info.identity = std::uint64_t{data.st_ino} ^ (std::uint64_t{data.st_dev} * 0x9E3779B97F4A7C15U);
+  info.readOnly = (data.st_mode & kWriteBits) == 0;
+  info.directory = S_ISDIR(data.st_mode);
+  return info;
+}
+
+class PosixFile final : public File {
+ public:
+  PosixFile(int descriptor, bool append) : descriptor_(descriptor), append_(append) {}
+  ~PosixFile() override {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+
+  FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) override {
+    const ssize_t count = pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(offset));
+    return Transferred(count, done);
+  }
+
+  FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) override {
+    const ssize_t count = append_
+                              ? write(descriptor_, bytes.data(), bytes.size())
+                              : pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+    return Transferred(count, done);
+  }
+
+  FileStatus Truncate(std::uint64_t size) override {
+    return StatusOfCall(ftruncate(descriptor_, static_cast<off_t>(size)));
+  }
+
+  FileStatus Info(FileInfo& info) override {
+    struct stat data {};
+    if (fstat(descriptor_, &data) != 0) return StatusOf(errno);
+    info = InfoOf(data);
+    return FileStatus::Ok;
+  }
+
+  FileStatus CopyAccess(File& like) override {
+    struct stat model {};
+    struct stat own {};
+    if (fstat(static_cast<PosixFile&>(like).descriptor_, &model) != 0) return StatusOf(errno);
+    if (fstat(descriptor_, &own) != 0) return StatusOf(errno);
+    const bool foreign = own.st_uid != model.st_uid || own.st_gid != model.st_gid;
+    // Another's file may be handed on by the superuser only; its permissions matter more than its owner.
+    const int ignored = foreign ? fchown(descriptor_, model.st_uid, model.st_gid) : 0;
+    static_cast<void>(ignored);
+    if (!foreign && own.st_mode == model.st_mode) return FileStatus::Ok;
+    return StatusOfCall(fchmod(descriptor_, model.st_mode & 07777U));
+  }
+
+  FileStatus Sync() override { return StatusOfCall(fsync(descriptor_)); }
+  FileStatus Lock(bool exclusive) override {
+    return StatusOfCall(flock(descriptor_, exclusive ? LOCK_EX : LOCK_SH));
+  }
+  FileStatus Unlock() override { return StatusOfCall(flock(descriptor_, LOCK_UN)); }
+
+  FileStatus Close() override {
+    const int descriptor = std::exchange(descriptor_, -1);
+    return descriptor < 0 ? FileStatus::Ok : StatusOfCall(close(descriptor));
+  }
+
+ private:
+  static FileStatus Transferred(ssize_t count, std::size_t& done) {
+    done = count > 0 ? static_cast<std::size_t>(count) : 0;
+    return count < 0 ? StatusOf(errno) : FileStatus::Ok;
+  }
+
+  int descriptor_;
+  bool append_;
+};
+
+int FlagsOf(OpenMode mode) {
+  switch (mode) {
+    case OpenMode::ReadWrite:
+      return O_RDWR;
+    case OpenMode::Create:
+      return O_RDWR | O_CREAT;
+    case OpenMode::CreateNew:
+      return O_RDWR | O_CREAT | O_EXCL;
+    case OpenMode::Append:
+      return O_WRONLY | O_CREAT | O_APPEND;
+    case OpenMode::Scratch:
+      return O_RDWR | O_CREAT | O_NOFOLLOW;
+    default:
+      return O_RDONLY;
+  }
+}
+
+// The superuser may open everything; the library still honours a file that nobody may write, and a folder is
+// no file.
+FileStatus CheckOpened(File& file, OpenMode mode) {
+  FileInfo info;
+  const FileStatus status = file.Info(info);
+  if (status != FileStatus::Ok) return status;
+  const bool refused = info.directory || (mode != OpenMode::Read && info.readOnly);
+  if (refused) return FileStatus::AccessDenied;
+  return mode == OpenMode::Create && info.size > 0 ? file.Truncate(0) : FileStatus::Ok;
+}
+
+class PosixFiles final : public Files {
+ public:
+  FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) override {
+    const std::string name = SystemPath(path);
+    if (name.empty()) return FileStatus::BadName;
+    const int descriptor = open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, 0666);
+    if (descriptor < 0) return StatusOfPathCall(descriptor, name);
+    auto opened = std::make_unique<PosixFile>(descriptor, mode == OpenMode::Append);
+    const FileStatus status = CheckOpened(*opened, mode);
+    if (status == FileStatus::Ok) file = std::move(opened);
+    return status;
+  }
+
+  FileStatus Info(std::u16string_view path, FileInfo& info) override {
+    const std::string name = SystemPath(path);
+    if (name.empty()) return FileStatus::BadName;
+    struct stat data {};
+    const FileStatus status = StatusOfPathCall(stat(name.c_str(), &data), name);
+    if (status == FileStatus::Ok) info = InfoOf(data);
+    return status;
+  }
+
+  FileStatus Resolve(std::u16string_view path, std::u16string& real) override {
+    const std::string name = SystemPath(path);
+    if (name.empty()) return FileStatus::BadName;
+    char resolved[PATH_MAX];
+    if (realpath(name.c_str(), resolved) == nullptr) {
+      real = path;
+      return errno == ENOENT ? FileStatus::Ok : StatusOf(errno);
+    }
+    real = SystemEncoding().Widen(resolved);
+    std::replace(real.begin(), real.end(), u'/', u'\\');
+    return FileStatus::Ok;
+  }
+
+  FileStatus Replace(std::u16string_view from, std::u16string_view to) override {
+    const std::string source = SystemPath(from);
+    const std::string target = SystemPath(to);
+    if (source.empty() || target.empty()) return FileStatus::BadName;
+    return StatusOfPathCall(rename(source.c_str(), target.c_str()), target);
+  }
+
+  FileStatus Remove(std::u16string_view path) override {
+    return OnPath(path, [](const char* name) { return unlink(name); });
+  }
+
+  FileStatus MakeDirectory(std::u16string_view path) override {
+    return OnPath(path, [](const char* name) { return mkdir(name, 0777); });
+  }
+
+  FileStatus SyncDirectory(std::u16string_view path) override {
+    return OnPath(path, [](const char* name) {
+      const int folder = open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+      if (folder < 0) return folder;
+      int result = fsync(folder);
+      if (result != 0 && errno == EINVAL) result = 0;  // this file system has no such thing
+      const int error = errno;
+      close(folder);
+      errno = error;
+      return result;
+    });
+  }
+
+  FileStatus List(std::u16string_view path, std::vector<std::u16string>& names) override {
+    const std::string name = SystemPath(path);
+    if (name.empty()) return FileStatus::BadName;
+    DIR* folder = opendir(name.c_str());
+    if (folder == nullptr) return StatusOfPathCall(-1, name);
+    names.clear();
+    while (const dirent* entry = readdir(folder)) {
+      const std::string_view found = entry->d_name;
+      if (found != "." && found != "..") names.push_back(SystemEncoding().Widen(found));
+    }
+    closedir(folder);
+    return FileStatus::Ok;
+  }
+
+ private:
+  template <class Call>
+  static FileStatus OnPath(std::u16string_view path, Call call) {
+    const std::string name = SystemPath(path);
+    return name.empty() ? FileStatus::BadName : StatusOfPathCall(call(name.c_str()), name);
+  }
+};
+
+}  // namespace
+
+Files& SystemFiles() {
+  static PosixFiles files;
+  return files;
+}
+
+}  // namespace vestrel::platform

@@ -1,0 +1,21 @@
+// Between the library's UTF-16 text and the wide characters of the system's calls.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace vestrel::platform {
+
+static_assert(sizeof(wchar_t) == sizeof(char16_t));
+
+inline std::wstring ToWide(std::u16string_view text) {
+  return {text.begin(), text.end()};
+}
+
+inline std::u16string FromWide(std::wstring_view text) {
+  return {text.begin(), text.end()};
+}
+
+}  // namespace vestrel::platform
