@@ -10,18 +10,21 @@ import re
 import sys
 from fnmatch import fnmatchcase
 
+
+def pair(folder, *names):
+    """The header and the source file of each name."""
+    return [f"{folder}/{name}{ending}" for name in names for ending in (".h", ".cpp")]
+
+
 # The layers from bottom to top: name, files, and the layers it knows. What those know is known with them.
-# A file belongs to the first layer whose patterns fit.
+# A file belongs to the layer that names it, otherwise to the first whose pattern fits.
 LAYERS = [
     ("platform", ["platform/*"], []),
     ("core ground",
-     ["core/" + name + ext
-      for name in ("Object", "Ref", "BackRef", "Error", "Cast", "Variant", "Convert", "Checked", "Version")
-      for ext in (".h", ".cpp")],
+     pair("core", "Object", "Ref", "BackRef", "Error", "FileError", "Cast", "Checked", "Version", "Variant", "HasValue",
+          "Convert", "ConvertText", "ConvertVariant"),
      ["platform"]),
-    ("util ground",
-     ["util/" + name + ext for name in ("modSprintf", "clsLogger", "modLog", "modUtils") for ext in (".h", ".cpp")],
-     ["core ground"]),
+    ("util ground", ["util/*"], ["core ground"]),
     ("core", ["core/*"], ["util ground"]),
     ("controller interfaces", ["controller/interfaces/*"], ["core"]),
     ("storage", ["storage/*"], ["core"]),
@@ -29,7 +32,7 @@ LAYERS = [
     ("leds", ["leds/*"], ["controller interfaces"]),
     ("recording", ["recording/*"], ["model"]),
     ("controller", ["controller/*"], ["leds", "recording"]),
-    ("util", ["util/*"], ["controller"]),
+    ("util", pair("util", "VestrelStatic", "clsFormatCapture", "GlobalButtons"), ["controller"]),
     ("component", ["component/*"], ["util", "recording"]),
     ("workbench", ["workbench/*"], ["component"]),
     ("examples", ["examples/*"], ["component"]),
@@ -55,9 +58,10 @@ SKIPPED_FOLDERS = {"build", "data", "node_modules", "dist"}
 
 def layer_of(path, layers=LAYERS):
     """The index of the layer that the file belongs to, or None."""
-    for index, (_, patterns, _) in enumerate(layers):
-        if any(fnmatchcase(path, pattern) for pattern in patterns):
-            return index
+    for fits in (str.__eq__, fnmatchcase):
+        for index, (_, patterns, _) in enumerate(layers):
+            if any(fits(path, pattern) for pattern in patterns):
+                return index
     return None
 
 
