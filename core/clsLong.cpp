@@ -18,4 +18,10 @@ std::int32_t clsLong::FieldCompare(std::u16string_view /*fieldName*/, const Vari
   return 0;
 }
 
+Ref<clsLong> BoxLong(std::int32_t value) {
+  Ref<clsLong> box = MakeRef<clsLong>();
+  box->SetValue(value);
+  return box;
+}
+
 }  // namespace vestrel

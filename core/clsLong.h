@@ -6,6 +6,7 @@
 
 #include "core/HasValue.h"
 #include "core/IComparable.h"
+#include "core/Ref.h"
 
 namespace vestrel {
 
@@ -27,5 +28,8 @@ class clsLong : public IComparable, public HasValue {
  private:
   std::int32_t value_ = 0;
 };
+
+// A new box with this value.
+Ref<clsLong> BoxLong(std::int32_t value);
 
 }  // namespace vestrel

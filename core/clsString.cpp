@@ -18,4 +18,10 @@ std::int32_t clsString::FieldCompare(std::u16string_view /*fieldName*/, const Va
   return 0;
 }
 
+Ref<clsString> BoxString(std::u16string_view value) {
+  Ref<clsString> box = MakeRef<clsString>();
+  box->SetValue(value);
+  return box;
+}
+
 }  // namespace vestrel

@@ -7,6 +7,7 @@
 
 #include "core/HasValue.h"
 #include "core/IComparable.h"
+#include "core/Ref.h"
 
 namespace vestrel {
 
@@ -29,5 +30,8 @@ class clsString : public IComparable, public HasValue {
  private:
   std::u16string value_;
 };
+
+// A new box with this value.
+Ref<clsString> BoxString(std::u16string_view value);
 
 }  // namespace vestrel

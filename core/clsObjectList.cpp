@@ -1,0 +1,225 @@
+// Loops that call out work on a shared copy of the slots, so that a callback that changes the list makes the
+// list move to slots of its own and the loop keeps those it began with.
+#include "core/clsObjectList.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "core/Cast.h"
+#include "core/Checked.h"
+#include "core/Convert.h"
+#include "core/DefaultObjectComparator.h"
+#include "core/Error.h"
+#include "core/clsString.h"
+#include "core/modArraySorting.h"
+
+namespace vestrel {
+namespace {
+
+constexpr std::u16string_view kSource = u"clsObjectList";
+
+template <class T>
+T& Given(T* object) {
+  if (object == nullptr) RaiseError(Error_ObjectNotSet, kSource);
+  return *object;
+}
+
+template <class Test>
+std::int32_t FirstWhere(const ItemSnapshot& items, Test test) {
+  for (std::int32_t i = 0; i < items.size(); ++i) {
+    if (test(items[i])) return i;
+  }
+  return -1;
+}
+
+}  // namespace
+
+Ref<Object> clsObjectList::GetItem(std::int32_t index) const {
+  return CheckedItem(NormalisedIndex(index));
+}
+
+void clsObjectList::SetEventHandler(IObjListEventHandler* handler, Object* userData) {
+  eventHandler_ = BackRef<IObjListEventHandler>(handler);
+  userData_ = BackRef<Object>(userData);
+}
+
+std::int32_t clsObjectList::AddItemBefore(Object* item, std::int32_t before) {
+  return InsertAt(item, before, true);
+}
+
+std::int32_t clsObjectList::AddItem(Object* item) {
+  return InsertAt(item, 0, false);
+}
+
+Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {
+  const Ref<clsObjectList> self(this);
+  const std::int32_t slot = NormalisedIndex(atIndex);
+  CheckSlot(slot);
+  Object** const slots = items_.Writable(items_.capacity());
+  Ref<Object> removed = slots[slot];
+  const std::int32_t last = count_ - 1;
+  if (slot < last) {
+    // The removed item's own reference goes; the last one stays behind in the vacated slot as well.
+    if (removed) removed->Release();
+    std::copy(slots + slot + 1, slots + count_, slots + slot);
+    if (slots[last] != nullptr) slots[last]->AddRef();
+  }
+  count_ = SubtractChecked(count_, 1);
+  NotifyRemoved(removed.get(), slot);
+  return removed;
+}
+
+void clsObjectList::Clear() {
+  const Ref<clsObjectList> self(this);
+  if (eventHandler_) {
+    const ItemSnapshot items = Snapshot();
+    for (std::int32_t i = 0; i < items.size(); ++i) NotifyRemoved(items[i], i);
+  }
+  count_ = 0;
+}
+
+std::vector<Ref<Object>> clsObjectList::AsArray() const {
+  if (count_ <= 0) RaiseError(Error_SubscriptOutOfRange, kSource);
+  const ItemSnapshot items = Snapshot();
+  return {items.begin(), items.end()};
+}
+
+std::int32_t clsObjectList::FindObject(Object* obj) const {
+  return FirstWhere(Snapshot(), [obj](Object* item) { return item == obj; });
+}
+
+std::int32_t clsObjectList::FindObjectValue(IComparable* valueObj, std::u16string_view field) const {
+  return FirstWhere(Snapshot(), [&](Object* item) { return Given(valueObj).CompareTo(item, field) == 0; });
+}
+
+std::int32_t clsObjectList::FindFieldValue(std::u16string_view fieldName, const Variant& value) const {
+  return FirstWhere(
+      Snapshot(), [&](Object* item) { return Cast<IComparable>(item).FieldCompare(fieldName, value) == 0; });
+}
+
+std::int32_t clsObjectList::FirstIndexWhere(IObjectPredicate* predicate) const {
+  return FirstWhere(Snapshot(), [predicate](Object* item) { return Given(predicate).IsTrueFor(item); });
+}
+
+std::int32_t clsObjectList::LastIndexWhere(IObjectPredicate* predicate) const {
+  const ItemSnapshot items = Snapshot();
+  for (std::int32_t i = items.size() - 1; i >= 0; --i) {
+    if (Given(predicate).IsTrueFor(items[i])) return i;
+  }
+  return -1;
+}
+
+void clsObjectList::SortInPlace(Ref<IObjectComparator>* comparator, bool Reverse, std::u16string_view field) {
+  if (count_ < 2) return;
+  const Ref<clsObjectList> self(this);
+  Ref<IObjectComparator> used = comparator == nullptr ? nullptr : *comparator;
+  if (!used) {
+    used = MakeDefaultComparator(Reverse, field);
+    if (comparator != nullptr) *comparator = used;
+  }
+  const ItemStorage sorted = items_;
+  std::vector<Object*> order(sorted.data(), sorted.data() + count_);
+  try {
+    modArraySorting::QuickSortObjects(*used, order);
+  } catch (...) {
+    PutInOrder(sorted, order);
+    throw;
+  }
+  PutInOrder(sorted, order);
+}
+
+Ref<clsObjectList> clsObjectList::Filter(IObjectPredicate* predicate) const {
+  Ref<clsObjectList> result = MakeRef<clsObjectList>();
+  for (Object* item : Snapshot()) {
+    if (Given(predicate).IsTrueFor(item)) result->AddItem(item);
+  }
+  return result;
+}
+
+Ref<clsIterator> clsObjectList::BeginIter() const {
+  Ref<clsIterator> iterator = MakeRef<clsIterator>();
+  iterator->InitShared(items_, count_);
+  return iterator;
+}
+
+void clsObjectList::ExtendWith(clsObjectList* another) {
+  const Ref<clsObjectList> self(this);
+  for (Object* item : Given(another).Snapshot()) InsertAt(item, 0, false);
+}
+
+std::u16string clsObjectList::JoinStrings(std::u16string_view delimiter, const Variant& upToIndex) const {
+  std::int32_t count = ToLong(upToIndex);
+  if (count < 0) count = count_;
+  if (count <= 0) RaiseError(Error_SubscriptOutOfRange, kSource);
+  std::u16string result;
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (i > 0) result += delimiter;
+    result += Cast<clsString>(CheckedItem(i)).value();
+  }
+  return result;
+}
+
+void clsObjectList::Reverse() {
+  if (count_ < 2) return;
+  Object** const slots = items_.Writable(items_.capacity());
+  std::reverse(slots, slots + count_);
+}
+
+std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool useBefore) {
+  const Ref<clsObjectList> self(this);
+  const Ref<Object> inserted(item);
+  const std::int32_t newCount = AddChecked(count_, 1);
+  const std::int32_t capacity = items_.capacity();
+  const std::int32_t position = useBefore ? InsertPosition(before) : count_;
+  CheckSlot(std::min(position, 0));
+  Object** const slots = items_.Writable(newCount > capacity ? MultiplyChecked(capacity, 2) : capacity);
+  // What an item that left had kept in the slot goes now, when everything is in place again.
+  Ref<Object> displaced = Ref<Object>::Adopt(slots[std::max(position, count_)]);
+  if (position < count_) std::copy_backward(slots + position, slots + count_, slots + newCount);
+  slots[position] = Ref<Object>(inserted).Detach();
+  count_ = newCount;
+  displaced = nullptr;
+  NotifyAdded(item, position);
+  return position;
+}
+
+std::int32_t clsObjectList::InsertPosition(std::int32_t before) const {
+  const std::int32_t position = before < 0 ? AddChecked(before, count_) : before;
+  return position >= 0 ? std::min(position, count_) : 0;
+}
+
+std::int32_t clsObjectList::NormalisedIndex(std::int32_t index) const {
+  if (index < 0) index = AddChecked(index, count_);
+  if (index < 0) return 0;
+  return std::min(index, SubtractChecked(count_, 1));
+}
+
+void clsObjectList::CheckSlot(std::int32_t slot) const {
+  if (slot < 0 || slot >= items_.capacity()) RaiseError(Error_SubscriptOutOfRange, kSource);
+}
+
+Object* clsObjectList::CheckedItem(std::int32_t slot) const {
+  CheckSlot(slot);
+  return items_[slot];
+}
+
+void clsObjectList::NotifyAdded(Object* item, std::int32_t atIndex) {
+  const Ref<IObjListEventHandler> handler = eventHandler_.Lock();
+  if (handler) handler->ItemAdded(this, item, atIndex, userData_.Lock().get());
+}
+
+void clsObjectList::NotifyRemoved(Object* item, std::int32_t atIndex) {
+  const Ref<IObjListEventHandler> handler = eventHandler_.Lock();
+  if (handler) handler->ItemRemoved(this, item, atIndex, userData_.Lock().get());
+}
+
+// The same references in another order, so no count changes. When the slots are no longer this list's, it
+// was changed while it was sorted and keeps what it became.
+void clsObjectList::PutInOrder(ItemStorage sorted, const std::vector<Object*>& order) {
+  if (!items_.SharesSlotsWith(sorted)) return;
+  sorted = ItemStorage();
+  std::copy(order.begin(), order.end(), items_.Writable(items_.capacity()));
+}
+
+}  // namespace vestrel

@@ -1,0 +1,103 @@
+// The general-purpose list: a growable array of counted object references with search, sort, filter, a
+// snapshot iterator and change events. Positions are 0-based; a negative one counts from the end and one past
+// the end means the last item. Items may be any objects, or none.
+//
+// Slots that items leave are not cleared: they keep their references until they are overwritten or the list
+// goes. The list never shrinks. Callbacks (observer, comparator, predicate, comparable items) may use the
+// list; the operation under way goes on with the items as they were when it began, and a sort during which
+// the list was changed is dropped.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/BackRef.h"
+#include "core/IComparable.h"
+#include "core/IObjListEventHandler.h"
+#include "core/IObjectComparator.h"
+#include "core/IObjectPredicate.h"
+#include "core/ItemStorage.h"
+#include "core/Object.h"
+#include "core/Ref.h"
+#include "core/Variant.h"
+#include "core/clsIterator.h"
+
+namespace vestrel {
+
+class clsObjectList : public Object {
+ public:
+  VESTREL_OBJECT(clsObjectList)
+
+  // The item at `index`. On an empty list a negative index gives what slot 0 holds and any other raises 9.
+  Ref<Object> GetItem(std::int32_t index) const;
+  // The observer of insertions and removals (none for none) and the object that it is handed with each event.
+  // The library's own owners are held weakly, anything else is kept alive.
+  void SetEventHandler(IObjListEventHandler* handler, Object* userData);
+  // Inserts before position `before`, which counts from the end when negative; past the end it appends.
+  // Calls ItemAdded. The result is the new item's position.
+  std::int32_t AddItemBefore(Object* item, std::int32_t before);
+  // Appends. Calls ItemAdded. The result is the new item's position.
+  std::int32_t AddItem(Object* item);
+  // Takes out and answers the item at `atIndex`. Calls ItemRemoved. Does not guard against an empty list: a
+  // negative index then takes slot 0 and leaves Size at -1, any other raises 9.
+  Ref<Object> Remove(std::int32_t atIndex);
+  std::int32_t Size() const noexcept { return count_; }
+  // Calls ItemRemoved for each item in ascending order while all are still in place, then empties the list.
+  void Clear();
+  // The items in order. Raises 9 for an empty list.
+  std::vector<Ref<Object>> AsArray() const;
+
+  // Searches answer the first position that fits, or -1.
+  // The very object, not an equal one.
+  std::int32_t FindObject(Object* obj) const;
+  // The item that `valueObj` compares equal to: valueObj is asked, the item is the argument. Raises 91 for no
+  // valueObj and what CompareTo raises.
+  std::int32_t FindObjectValue(IComparable* valueObj, std::u16string_view field = u"all") const;
+  // The item whose FieldCompare(fieldName, value) is 0. Raises 13 for an item that is no IComparable, 91 for
+  // none, and what FieldCompare raises.
+  std::int32_t FindFieldValue(std::u16string_view fieldName, const Variant& value) const;
+  // Raise 91 for no predicate and what it raises. LastIndexWhere searches from the end.
+  std::int32_t FirstIndexWhere(IObjectPredicate* predicate) const;
+  std::int32_t LastIndexWhere(IObjectPredicate* predicate) const;
+
+  // Sorts by `comparator`; equal items may end up in any order. Where no comparator is given one is made from
+  // `Reverse` and `field` (see DefaultObjectComparator) and handed back; otherwise the two are ignored. A
+  // list of less than two items is left alone and no comparator is made. Raises what the comparator raises;
+  // the list then holds the same items in some order.
+  void SortInPlace(Ref<IObjectComparator>* comparator = nullptr, bool Reverse = false,
+                   std::u16string_view field = u"all");
+  // A new list of the items that the predicate is true for, in order. Raises 91 for no predicate.
+  Ref<clsObjectList> Filter(IObjectPredicate* predicate) const;
+  // A new iterator over the items as they are now.
+  Ref<clsIterator> BeginIter() const;
+  // Appends each item of `another`, which may be this list. Calls ItemAdded for each. Raises 91 for none.
+  void ExtendWith(clsObjectList* another);
+  // The values of the first `upToIndex` items, all when negative, joined. Items are clsString: another kind
+  // raises 13, an empty slot 91. No items to join, and more than there are slots, raise 9.
+  std::u16string JoinStrings(std::u16string_view delimiter, const Variant& upToIndex = -1) const;
+  void Reverse();
+
+  // The items as they are now, for loops inside the library.
+  ItemSnapshot Snapshot() const { return {items_, count_}; }
+  // Slots that the list has room for without growing.
+  std::int32_t Capacity() const noexcept { return items_.capacity(); }
+
+ private:
+  std::int32_t InsertAt(Object* item, std::int32_t before, bool useBefore);
+  std::int32_t InsertPosition(std::int32_t before) const;
+  std::int32_t NormalisedIndex(std::int32_t index) const;
+  void CheckSlot(std::int32_t slot) const;
+  Object* CheckedItem(std::int32_t slot) const;
+  void NotifyAdded(Object* item, std::int32_t atIndex);
+  void NotifyRemoved(Object* item, std::int32_t atIndex);
+  void PutInOrder(ItemStorage sorted, const std::vector<Object*>& order);
+
+  ItemStorage items_;
+  std::int32_t count_ = 0;
+  BackRef<IObjListEventHandler> eventHandler_;
+  BackRef<Object> userData_;
+};
+
+}  // namespace vestrel
