@@ -34,7 +34,8 @@ std::u16string Basename(std::u16string_view filename, std::u16string_view delim)
   if (delim.empty()) return std::u16string(filename);
   // Found from the front, as a split finds them: delimiters of several characters may overlap.
   std::size_t start = 0;
-  for (std::size_t at = filename.find(delim); at != filename.npos; at = filename.find(delim, start)) {
+  for (std::size_t at = filename.find(delim); at != std::u16string_view::npos;
+       at = filename.find(delim, start)) {
     start = at + delim.size();
   }
   return std::u16string(filename.substr(start));
@@ -42,7 +43,7 @@ std::u16string Basename(std::u16string_view filename, std::u16string_view delim)
 
 std::u16string RemoveFileExt(std::u16string_view filename) {
   const std::size_t point = filename.rfind(u'.');
-  return std::u16string(filename.substr(0, point == filename.npos ? 0 : point));
+  return std::u16string(filename.substr(0, point == std::u16string_view::npos ? 0 : point));
 }
 
 void ShowErrorBox(std::u16string_view text) {

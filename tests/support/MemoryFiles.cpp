@@ -146,7 +146,7 @@ void MemoryFiles::SetReadOnly(std::u16string_view path, bool readOnly) {
 
 bool MemoryFiles::Has(std::u16string_view path) const {
   const std::u16string name = Normal(path);
-  return files_.count(name) != 0 || folders_.count(name) != 0;
+  return files_.contains(name) || folders_.contains(name);
 }
 
 std::string MemoryFiles::Get(std::u16string_view path) const {
@@ -200,7 +200,7 @@ FileStatus MemoryFiles::Open(std::u16string_view path, OpenMode mode, std::uniqu
   if (const FileStatus failure = Called("Open"); failure != FileStatus::Ok) return failure;
   const std::u16string name = Normal(path);
   if (name.empty()) return FileStatus::BadName;
-  if (folders_.count(name) != 0) return FileStatus::AccessDenied;
+  if (folders_.contains(name)) return FileStatus::AccessDenied;
   const auto found = files_.find(name);
   std::shared_ptr<Node> node = found == files_.end() ? nullptr : found->second;
   const bool mustExist = mode == OpenMode::Read || mode == OpenMode::ReadWrite;
@@ -237,7 +237,7 @@ FileStatus MemoryFiles::Replace(std::u16string_view from, std::u16string_view to
   const auto found = files_.find(Normal(from));
   const std::u16string target = Normal(to);
   if (found == files_.end()) return MissingStatus(Normal(from));
-  if (folders_.count(target) != 0) return FileStatus::AccessDenied;
+  if (folders_.contains(target)) return FileStatus::AccessDenied;
   if (!IsFolder(FolderOf(target))) return FileStatus::PathNotFound;
   const std::shared_ptr<Node> node = found->second;
   files_.erase(found);
@@ -248,7 +248,7 @@ FileStatus MemoryFiles::Replace(std::u16string_view from, std::u16string_view to
 FileStatus MemoryFiles::Remove(std::u16string_view path) {
   if (const FileStatus failure = Called("Remove"); failure != FileStatus::Ok) return failure;
   const std::u16string name = Normal(path);
-  if (folders_.count(name) != 0) return FileStatus::AccessDenied;
+  if (folders_.contains(name)) return FileStatus::AccessDenied;
   return files_.erase(name) != 0 ? FileStatus::Ok : MissingStatus(name);
 }
 
@@ -280,8 +280,8 @@ FileStatus MemoryFiles::List(std::u16string_view path, std::vector<std::u16strin
 }
 
 bool MemoryFiles::IsFolder(const std::u16string& path) const {
-  if (files_.count(path) != 0) return false;
-  return !HasSeparator(path) || path == u"\\" || folders_.count(path) != 0;
+  if (files_.contains(path)) return false;
+  return !HasSeparator(path) || path == u"\\" || folders_.contains(path);
 }
 
 FileStatus MemoryFiles::MissingStatus(const std::u16string& path) const {
