@@ -66,6 +66,7 @@ Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {
     if (slots[last] != nullptr) slots[last]->AddRef();
   }
   count_ = SubtractChecked(count_, 1);
+  ++changes_;
   NotifyRemoved(removed.get(), slot);
   return removed;
 }
@@ -77,6 +78,7 @@ void clsObjectList::Clear() {
     for (std::int32_t i = 0; i < items.size(); ++i) NotifyRemoved(items[i], i);
   }
   count_ = 0;
+  ++changes_;
 }
 
 std::vector<Ref<Object>> clsObjectList::AsArray() const {
@@ -164,6 +166,7 @@ void clsObjectList::Reverse() {
   if (count_ < 2) return;
   Object** const slots = items_.Writable(items_.capacity());
   std::reverse(slots, slots + count_);
+  ++changes_;
 }
 
 std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool useBefore) {
@@ -179,6 +182,7 @@ std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool use
   if (position < count_) std::copy_backward(slots + position, slots + count_, slots + newCount);
   slots[position] = Ref<Object>(inserted).Detach();
   count_ = newCount;
+  ++changes_;
   displaced = nullptr;
   NotifyAdded(item, position);
   return position;
@@ -216,10 +220,15 @@ void clsObjectList::NotifyRemoved(Object* item, std::int32_t atIndex) {
 
 // The same references in another order, so no count changes. When the slots are no longer this list's, it
 // was changed while it was sorted and keeps what it became.
-void clsObjectList::PutInOrder(ItemStorage sorted, const std::vector<Object*>& order) {
+void clsObjectList::PutInOrder(ItemStorage sorted, std::span<Object* const> order) {
   if (!items_.SharesSlotsWith(sorted)) return;
   sorted = ItemStorage();
+  Rearrange(order);
+}
+
+void clsObjectList::Rearrange(std::span<Object* const> order) {
   std::copy(order.begin(), order.end(), items_.Writable(items_.capacity()));
+  ++changes_;
 }
 
 }  // namespace vestrel

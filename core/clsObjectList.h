@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,6 +82,11 @@ class clsObjectList : public Object {
 
   // The items as they are now, for loops inside the library.
   ItemSnapshot Snapshot() const { return {items_, count_}; }
+  // Moves on with every change of the items or their order: while it stands still, what was found out about
+  // the list still holds.
+  std::uint64_t Changes() const noexcept { return changes_; }
+  // Puts the list's items in another order, without events. `order` holds the same Size items.
+  void Rearrange(std::span<Object* const> order);
   // Slots that the list has room for without growing.
   std::int32_t Capacity() const noexcept { return items_.capacity(); }
 
@@ -92,10 +98,11 @@ class clsObjectList : public Object {
   Object* CheckedItem(std::int32_t slot) const;
   void NotifyAdded(Object* item, std::int32_t atIndex);
   void NotifyRemoved(Object* item, std::int32_t atIndex);
-  void PutInOrder(ItemStorage sorted, const std::vector<Object*>& order);
+  void PutInOrder(ItemStorage sorted, std::span<Object* const> order);
 
   ItemStorage items_;
   std::int32_t count_ = 0;
+  std::uint64_t changes_ = 0;
   BackRef<IObjListEventHandler> eventHandler_;
   BackRef<Object> userData_;
 };
