@@ -1,0 +1,36 @@
+#include "recording/vxEvent.h"
+
+#include "core/Error.h"
+
+namespace vestrel {
+namespace {
+
+thread_local std::uint64_t timeChanges = 0;
+
+}  // namespace
+
+static_assert(sizeof(void*) != 8 || sizeof(vxEvent) <= 40, "a recording holds a million of these");
+
+void vxEvent::SetTime(std::int32_t value) noexcept {
+  if (value != time_) ++timeChanges;
+  time_ = value;
+}
+
+std::uint64_t vxEvent::TimeChanges() noexcept {
+  return timeChanges;
+}
+
+void vxEvent::Init(std::int32_t pTime, clsButton* pButton, vxEventTypeEnum pEventType) {
+  SetTime(pTime);
+  button = pButton;
+  eventType = pEventType;
+}
+
+void vxEvent::SetExtras(std::int16_t pMouseButton, std::int16_t pShift, float pX, float pY) {
+  mouseButton = pMouseButton;
+  shift = pShift;
+  x = pX;
+  y = pY;
+}
+
+}  // namespace vestrel

@@ -1,0 +1,149 @@
+#include "recording/vxEventList.h"
+
+#include "core/Cast.h"
+#include "core/Error.h"
+#include "util/modLog.h"
+
+namespace vestrel {
+namespace {
+
+const std::u16string& ButtonName(const vxEvent& ev) {
+  if (!ev.button) RaiseError(Error_ObjectNotSet);
+  return ev.button->name;
+}
+
+}  // namespace
+
+void vxEventList::Init(IVXEventListHandler* handler) {
+  recordMode_ = RecordMode_Merge;
+  recording_ = false;
+  events_ = MakeRef<clsObjectList>();
+  order_.Forget();
+  recordStart_ = 0;
+  recordEnd_ = 0;
+  newEvents_ = nullptr;
+  currentTime_ = 0;
+  playIndex_ = 0;
+  handler_ = handler;
+}
+
+clsObjectList& vxEventList::Events() const {
+  return Cast<clsObjectList>(events_.get());
+}
+
+void vxEventList::Clear() {
+  const Ref<clsObjectList> list(&Events());
+  list->Clear();
+}
+
+void vxEventList::StartRecording() {
+  recordStart_ = currentTime_;
+  newEvents_ = MakeRef<clsObjectList>();
+  recording_ = true;
+}
+
+void vxEventList::AddEvent(vxEvent* pEvent) {
+  if (!newEvents_ || pEvent == nullptr) RaiseError(Error_ObjectNotSet, u"vxEventList");
+  const clsObjectList& take = *newEvents_;
+  const std::int32_t size = take.Size();
+  const bool isLast = size == 0 || Cast<vxEvent>(take.GetItem(-1).get()).time() <= pEvent->time();
+  newEvents_->AddItemBefore(pEvent, isLast ? size : EventOrder::PlaceFor(take, pEvent->time()));
+}
+
+void vxEventList::StopRecording() {
+  if (!recording_) return;
+  recording_ = false;
+  recordEnd_ = currentTime_;
+  const bool overwrite = recordMode_ == RecordMode_Overwrite;
+  if (overwrite) {
+    events_ = EventsOutsideRange(recordStart_, recordEnd_);
+    order_.Forget();
+  }
+  MergeTake();
+  // Last, so that a log that cannot be written costs no events.
+  if (overwrite) {
+    modLog::LogFormat(LogLevel_3_INFO, u"deleting events between %d and %d", recordStart_, recordEnd_);
+  }
+}
+
+void vxEventList::MergeTake() {
+  const Ref<clsObjectList> list(&Events());
+  const Ref<clsObjectList> take = newEvents_;
+  // A host may have changed the times of events that it was told of.
+  EventOrder().Sort(*take);
+  list->ExtendWith(take.get());
+  order_.Sort(*list);
+  // The list's observer may have begun another take.
+  if (newEvents_ == take) newEvents_ = nullptr;
+}
+
+Ref<clsObjectList> vxEventList::EventsOutsideRange(std::int32_t start, std::int32_t end) {
+  Ref<clsObjectList> outside = MakeRef<clsObjectList>();
+  for (Object* item : Events().Snapshot()) {
+    const std::int32_t time = Cast<vxEvent>(item).time();
+    if (time < start || time >= end) outside->AddItem(item);
+  }
+  return outside;
+}
+
+void vxEventList::SetRecordMode(RecordModeEnum newMode) {
+  recordMode_ = newMode;
+}
+
+void vxEventList::UpdateTime(std::int32_t pTime) {
+  const Ref<vxEventList> self(this);
+  while (const Ref<vxEvent> ev = NextDue(pTime)) {
+    if (recording_ && recordMode_ == RecordMode_Overwrite) {
+      modLog::LogFormat(LogLevel_4_SPEW, u"Overwrite-mode-skipping playback of %s @ time %d", ButtonName(*ev),
+                        ev->time());
+    } else {
+      Fire(*ev);
+    }
+    ++playIndex_;
+  }
+  currentTime_ = pTime;
+}
+
+// Asked anew for each event: what the last one set off may have changed or replaced the list.
+Ref<vxEvent> vxEventList::NextDue(std::int32_t pTime) const {
+  const clsObjectList& list = Events();
+  if (playIndex_ >= list.Size()) return nullptr;
+  const Ref<Object> item = list.GetItem(playIndex_);
+  auto& ev = Cast<vxEvent>(item.get());
+  return ev.time() > pTime ? nullptr : Ref<vxEvent>(&ev);
+}
+
+void vxEventList::Fire(vxEvent& ev) {
+  const auto newState = ev.eventType == vxEvent_ButtonOn ? PlayState_On : PlayState_Off;
+  const Ref<clsButton> button = ev.button;
+  if (!button) RaiseError(Error_ObjectNotSet, u"vxEventList");
+  button->setPlayState(newState, PSEventSource_RecPlayback, ev.mouseButton, ev.shift, ev.x, ev.y);
+  if (const Ref<IVXEventListHandler> handler = handler_.Lock()) handler->EventFired(&ev, playIndex_);
+  modLog::LogFormat(LogLevel_4_SPEW, u"Playing button %s @ time %d", button->name, ev.time());
+}
+
+std::int32_t vxEventList::SeekToEventIndex(std::int32_t index) {
+  playIndex_ = index;
+  currentTime_ = Cast<vxEvent>(Events().GetItem(index).get()).time();
+  return currentTime_;
+}
+
+void vxEventList::SeekTime(std::int32_t pTime) {
+  playIndex_ = order_.FirstLaterThan(Events(), pTime);
+  modLog::LogFormat(LogLevel_3_INFO, u"post-seek playback index: %d", playIndex_);
+  currentTime_ = pTime;
+}
+
+void vxEventList::ChangeEventTime(std::int32_t eventIndex, std::int32_t newTime) {
+  const Ref<clsObjectList> list(&Events());
+  Cast<vxEvent>(list->GetItem(eventIndex).get()).SetTime(newTime);
+  order_.Sort(*list);
+}
+
+std::int32_t vxEventList::Compare(Object* a, Object* b) {
+  const std::int32_t first = Cast<vxEvent>(a).time();
+  const std::int32_t second = Cast<vxEvent>(b).time();
+  return first < second ? -1 : static_cast<std::int32_t>(first > second);
+}
+
+}  // namespace vestrel
