@@ -16,7 +16,7 @@ class FormatArg {
  public:
   enum class Kind : std::uint8_t { Nothing, Boolean, Long, Double, Text, InOutText, Object };
 
-  constexpr FormatArg() noexcept = default;
+  constexpr FormatArg() noexcept : long_(0) {}
   // A template, so that a pointer does not turn into a boolean.
   template <std::same_as<bool> Boolean>
   FormatArg(Boolean value) noexcept
@@ -49,7 +49,7 @@ class FormatArg {
  private:
   Kind kind_ = Kind::Nothing;
   union {
-    std::int32_t long_ = 0;
+    std::int32_t long_;
     double double_;
     std::u16string_view text_;
     std::u16string* inOut_;
