@@ -35,6 +35,12 @@ enum class OpenMode : std::uint8_t {
   Scratch,    // made when absent, kept as it is when present; a link in its place is refused, not followed
 };
 
+enum class LockMode : std::uint8_t {
+  Shared,        // with other shared ones
+  Exclusive,     // alone
+  TryExclusive,  // alone, answering Busy instead of waiting
+};
+
 // Identity and shape of a file, to notice that a path now names another file.
 struct FileInfo {
   std::uint64_t size = 0;
@@ -62,10 +68,9 @@ class File {
   virtual FileStatus CopyAccess(File& like) = 0;
   // Forces what was written to the disk.
   virtual FileStatus Sync() = 0;
-  // Waits for the exclusive (or shared) lock on this file, which other processes' locks respect; reading and
-  // writing do not. The lock goes with Unlock or Close. Two handles in one process exclude each other as
-  // well.
-  virtual FileStatus Lock(bool exclusive) = 0;
+  // Waits for the lock on this file, which other processes' locks respect; reading and writing do not. The
+  // lock goes with Unlock or Close. Two handles in one process exclude each other as well.
+  virtual FileStatus Lock(LockMode mode) = 0;
   virtual FileStatus Unlock() = 0;
   virtual FileStatus Close() = 0;
 };

@@ -32,6 +32,7 @@ FileStatus StatusOf(int error) {
       return FileStatus::AccessDenied;
     case EBUSY:
     case ETXTBSY:
+    case EWOULDBLOCK:
       return FileStatus::Busy;
     case EEXIST:
       return FileStatus::Exists;
@@ -134,8 +135,15 @@ class PosixFile final : public File {
   }
 
   FileStatus Sync() override { return StatusOfCall(fsync(descriptor_)); }
-  FileStatus Lock(bool exclusive) override {
-    return StatusOfCall(flock(descriptor_, exclusive ? LOCK_EX : LOCK_SH));
+  FileStatus Lock(LockMode mode) override {
+    switch (mode) {
+      case LockMode::Shared:
+        return StatusOfCall(flock(descriptor_, LOCK_SH));
+      case LockMode::Exclusive:
+        return StatusOfCall(flock(descriptor_, LOCK_EX));
+      default:
+        return StatusOfCall(flock(descriptor_, LOCK_EX | LOCK_NB));
+    }
   }
   FileStatus Unlock() override { return StatusOfCall(flock(descriptor_, LOCK_UN)); }
 

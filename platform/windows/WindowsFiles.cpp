@@ -26,6 +26,7 @@ FileStatus StatusOf(DWORD error) {
       return FileStatus::AccessDenied;
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
+    case ERROR_IO_PENDING:
     case ERROR_USER_MAPPED_FILE:
       return FileStatus::Busy;
     case ERROR_FILE_EXISTS:
@@ -137,10 +138,11 @@ class WindowsFile final : public File {
 
   FileStatus Sync() override { return StatusOfCall(FlushFileBuffers(handle_.get())); }
 
-  FileStatus Lock(bool exclusive) override {
+  FileStatus Lock(LockMode mode) override {
+    DWORD flags = mode == LockMode::Shared ? 0 : LOCKFILE_EXCLUSIVE_LOCK;
+    if (mode == LockMode::TryExclusive) flags |= LOCKFILE_FAIL_IMMEDIATELY;
     OVERLAPPED position = At(kLockByte);
-    return StatusOfCall(
-        LockFileEx(handle_.get(), exclusive ? LOCKFILE_EXCLUSIVE_LOCK : 0, 0, 1, 0, &position));
+    return StatusOfCall(LockFileEx(handle_.get(), flags, 0, 1, 0, &position));
   }
 
   FileStatus Unlock() override {

@@ -167,7 +167,7 @@ TEST_F(FilesTest, ALockKeepsOtherProcessesWaiting) {
   const pid_t child = fork();
   if (child == 0) {
     Open("f", OpenMode::ReadWrite);
-    file->Lock(true);
+    file->Lock(LockMode::Exclusive);
     char told = write(ready[1], "r", 1) == 1 ? 'y' : 'n';
     usleep(30000);
     std::size_t done = 0;
@@ -177,7 +177,7 @@ TEST_F(FilesTest, ALockKeepsOtherProcessesWaiting) {
   char byte = 0;
   ASSERT_EQ(read(ready[0], &byte, 1), 1);
   ASSERT_EQ(Open("f", OpenMode::ReadWrite), FileStatus::Ok);
-  EXPECT_EQ(file->Lock(true), FileStatus::Ok);
+  EXPECT_EQ(file->Lock(LockMode::Exclusive), FileStatus::Ok);
   EXPECT_EQ(Read(0, 1), "y");
   EXPECT_EQ(file->Unlock(), FileStatus::Ok);
   waitpid(child, nullptr, 0);
@@ -190,10 +190,11 @@ TEST_F(FilesTest, SharedLocksGoTogether) {
   std::unique_ptr<File> other;
   ASSERT_EQ(Open("f", OpenMode::Read), FileStatus::Ok);
   ASSERT_EQ(system.Open(folder.Path("f"), OpenMode::Read, other), FileStatus::Ok);
-  EXPECT_EQ(file->Lock(false), FileStatus::Ok);
-  EXPECT_EQ(other->Lock(false), FileStatus::Ok);
+  EXPECT_EQ(file->Lock(LockMode::Shared), FileStatus::Ok);
+  EXPECT_EQ(other->Lock(LockMode::Shared), FileStatus::Ok);
+  EXPECT_EQ(other->Lock(LockMode::TryExclusive), FileStatus::Busy);
   EXPECT_EQ(file->Close(), FileStatus::Ok);
-  EXPECT_EQ(other->Lock(true), FileStatus::Ok);
+  EXPECT_EQ(other->Lock(LockMode::Exclusive), FileStatus::Ok);
 }
 
 }  // namespace

@@ -81,7 +81,8 @@ class MemoryFile final : public File {
 
   FileStatus Sync() override { return files_.Called("Sync"); }
 
-  FileStatus Lock(bool exclusive) override {
+  FileStatus Lock(platform::LockMode mode) override {
+    const bool exclusive = mode != platform::LockMode::Shared;
     if (const FileStatus failure = files_.Called("Lock"); failure != FileStatus::Ok) return failure;
     Release();
     if (node_->exclusive || (exclusive && node_->shared > 0)) return FileStatus::Busy;  // would wait for ever

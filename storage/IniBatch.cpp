@@ -1,0 +1,85 @@
+#include "storage/IniBatch.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "storage/ProfileChange.h"
+#include "storage/ProfileLines.h"
+#include "storage/Utf16Text.h"
+#include "storage/clsIniFile.h"
+
+namespace vestrel {
+namespace {
+
+thread_local IniBatch* innermost = nullptr;
+
+bool Concerns(const ProfileEdit& edit, std::string_view section, std::string_view key) {
+  return profile::SameName(profile::TrimSpaces(edit.key), profile::TrimSpaces(key)) &&
+         profile::SameName(profile::TrimSpaces(edit.section), profile::TrimSpaces(section));
+}
+
+}  // namespace
+
+IniBatch::IniBatch(std::u16string_view fileName, Sync sync)
+    : fileName_(fileName), sync_(sync), outer_(OpenFor(fileName)), before_(std::exchange(innermost, this)) {
+  if (outer_ != nullptr && sync == Sync::Yes) outer_->sync_ = Sync::Yes;
+}
+
+IniBatch::IniBatch(const clsIniFile& file, Sync sync) : IniBatch(file.filename(), sync) {}
+
+IniBatch::~IniBatch() {
+  try {
+    Commit();
+  } catch (...) {
+    // Out of memory: as with any other failed write the file keeps what it had.
+  }
+  innermost = before_;
+}
+
+bool IniBatch::Commit() {
+  if (outer_ != nullptr) return outer_->Commit();
+  Forget();
+  const std::vector<ProfileEdit> edits = std::exchange(edits_, {});
+  return edits.empty() || ProfileFile(fileName_).Commit(edits, sync_) == platform::FileStatus::Ok;
+}
+
+IniBatch* IniBatch::OpenFor(std::u16string_view fileName) noexcept {
+  for (IniBatch* batch = innermost; batch != nullptr; batch = batch->before_) {
+    if (batch->outer_ == nullptr && batch->fileName_ == fileName) return batch;
+  }
+  return nullptr;
+}
+
+void IniBatch::Add(ProfileEdit edit) {
+  edits_.push_back(std::move(edit));
+}
+
+// Where the pending writes are plain the last one of the key tells; otherwise they are made on a copy.
+std::optional<std::string> IniBatch::Find(std::string_view section, std::string_view key) {
+  Load();
+  if (!edits_.empty()) {
+    if (!ProfileText::ArePlain(edits_)) {
+      return FindInFile(EditedFile(bytes_.view(), edits_), section, key);
+    }
+    const auto pending = std::find_if(edits_.rbegin(), edits_.rend(),
+                                      [&](const ProfileEdit& edit) { return Concerns(edit, section, key); });
+    if (pending != edits_.rend()) return std::string(profile::ReadableValue(*pending->value));
+  }
+  if (!index_) return FindInFile(bytes_.view(), section, key);
+  const auto value = index_->Find(section, key);
+  return value ? std::optional<std::string>(*value) : std::nullopt;
+}
+
+void IniBatch::Load() {
+  if (std::exchange(loaded_, true)) return;
+  if (ReadWholeFile(fileName_, bytes_) != platform::FileStatus::Ok) bytes_ = {};
+  if (!utf16::HasMark(bytes_.view())) index_.emplace(bytes_.view());
+}
+
+void IniBatch::Forget() {
+  loaded_ = false;
+  index_.reset();
+  bytes_ = {};
+}
+
+}  // namespace vestrel

@@ -1,0 +1,122 @@
+#include "storage/ProfileChange.h"
+
+#include <algorithm>
+
+#include "platform/Platform.h"
+#include "storage/Utf16Text.h"
+
+namespace vestrel {
+namespace {
+
+using Kind = ProfileChange::Kind;
+
+std::string FromPage(std::string_view bytes) {
+  return utf16::FromText(platform::encoding().Widen(bytes));
+}
+
+std::string ToPage(std::string_view text) {
+  bool lossy = false;
+  return platform::encoding().Narrow(utf16::ToText(text), lossy);
+}
+
+std::string Edited(std::string_view text, std::span<const ProfileEdit> edits) {
+  std::string result(text);
+  while (!edits.empty()) {
+    const std::size_t length = ProfileText::RunLength(edits);
+    result = Spliced(result, ProfileText(result).Plan(edits.first(length)));
+    edits = edits.subspan(length);
+  }
+  return result;
+}
+
+bool KeepsLength(std::span<const ProfileSplice> splices) {
+  return std::all_of(splices.begin(), splices.end(),
+                     [](const ProfileSplice& splice) { return splice.length == splice.text.size(); });
+}
+
+// The bytes at the front of the texts, which are of one length, that are equal.
+std::size_t EqualFront(std::string_view a, std::string_view b) {
+  return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin()).first - a.begin());
+}
+
+std::size_t EqualBack(std::string_view a, std::string_view b) {
+  return static_cast<std::size_t>(std::mismatch(a.rbegin(), a.rend(), b.rbegin()).first - a.rbegin());
+}
+
+ProfileChange Whole(std::string bytes) {
+  return {Kind::Whole, 0, std::move(bytes)};
+}
+
+// Overwrites bytes [first, first + now.size()), which hold `was`, if a sector holds all that differs.
+ProfileChange InPlace(std::size_t first, std::string_view was, std::string_view now) {
+  const std::size_t front = EqualFront(was, now);
+  if (front == now.size()) return {};
+  const std::size_t back = EqualBack(was, now);
+  const std::size_t offset = first + front;
+  const std::size_t size = now.size() - front - back;
+  if (offset / kSectorSize != (offset + size - 1) / kSectorSize) return Whole({});
+  return {Kind::InPlace, offset, std::string(now.substr(front, size))};
+}
+
+ProfileChange ChangeOf(std::string_view file, std::string now) {
+  if (file.size() != now.size()) return Whole(std::move(now));
+  ProfileChange change = InPlace(0, file, now);
+  if (change.kind == Kind::Whole) change.bytes = std::move(now);
+  return change;
+}
+
+// Only the stretch from the first splice to the last is looked at; the rest of a large file is not copied.
+ProfileChange ChangeOf(std::string_view file, std::span<const ProfileSplice> splices) {
+  if (splices.empty()) return {};
+  if (!KeepsLength(splices)) return Whole(Spliced(file, splices));
+  const std::size_t first = splices.front().offset;
+  const std::size_t end = splices.back().offset + splices.back().length;
+  const std::string_view was = file.substr(first, end - first);
+  std::vector<ProfileSplice> local(splices.begin(), splices.end());
+  for (ProfileSplice& splice : local) splice.offset -= first;
+  ProfileChange change = InPlace(first, was, Spliced(was, local));
+  if (change.kind == Kind::Whole) change.bytes = Spliced(file, splices);
+  return change;
+}
+
+}  // namespace
+
+ProfileChange PlanChange(std::string_view file, std::span<const ProfileEdit> edits) {
+  if (edits.empty()) return {};
+  const bool narrow = !utf16::HasMark(file);
+  if (narrow && ProfileText::RunLength(edits) == edits.size()) {
+    return ChangeOf(file, ProfileText(file).Plan(edits));
+  }
+  return ChangeOf(file, EditedFile(file, edits));
+}
+
+std::string EditedFile(std::string_view file, std::span<const ProfileEdit> edits) {
+  if (!utf16::HasMark(file)) return Edited(file, edits);
+  const std::string text = utf16::Decode(file);
+  std::string now = Edited(text, EditsForFile(file, edits));
+  if (now == text) return std::string(file);
+  if (text.empty()) now.insert(0, "\r\n");  // the mark counts as a line without an end
+  return utf16::Encode(now);
+}
+
+std::optional<std::string> FindInFile(std::string_view file, std::string_view section, std::string_view key) {
+  if (utf16::HasMark(file)) {
+    const std::string text = utf16::Decode(file);
+    const auto value = ProfileText(text).Find(FromPage(section), FromPage(key));
+    return value ? std::optional(ToPage(*value)) : std::nullopt;
+  }
+  const auto value = ProfileText(file).Find(section, key);
+  return value ? std::optional<std::string>(*value) : std::nullopt;
+}
+
+std::vector<ProfileEdit> EditsForFile(std::string_view file, std::span<const ProfileEdit> edits) {
+  std::vector<ProfileEdit> result(edits.begin(), edits.end());
+  if (!utf16::HasMark(file)) return result;
+  for (ProfileEdit& edit : result) {
+    edit = {FromPage(edit.section), FromPage(edit.key),
+            edit.value ? std::optional(FromPage(*edit.value)) : std::nullopt};
+  }
+  return result;
+}
+
+}  // namespace vestrel

@@ -1,0 +1,95 @@
+#include "storage/ProfileFile.h"
+
+#include <memory>
+
+#include "platform/Platform.h"
+#include "storage/FileIo.h"
+#include "storage/ProfileChange.h"
+#include "storage/ScratchFile.h"
+
+namespace vestrel {
+
+using platform::File;
+using platform::FileInfo;
+using platform::files;
+using platform::FileStatus;
+using platform::LockMode;
+using platform::OpenMode;
+
+namespace {
+
+constexpr int kAttempts = 100;
+
+// Overwrites a stretch of the file. Should the disk fail in the middle, what was written is taken back as far
+// as the disk lets us.
+FileStatus Overwrite(File& file, std::string_view old, const ProfileChange& change, Sync sync) {
+  std::size_t done = 0;
+  const FileStatus status = WriteAll(file, change.offset, change.bytes, done);
+  if (status == FileStatus::Ok) {
+    return sync == Sync::Yes ? Uninterrupted([&] { return file.Sync(); }) : status;
+  }
+  std::size_t restored = 0;
+  WriteAll(file, change.offset, old.substr(change.offset, done), restored);
+  return status;
+}
+
+}  // namespace
+
+FileStatus ProfileFile::Commit(std::span<const ProfileEdit> edits, Sync sync) {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    bool again = false;
+    const FileStatus status = Try(edits, sync, again);
+    if (!again) return status;
+  }
+  return FileStatus::Busy;
+}
+
+FileStatus ProfileFile::Try(std::span<const ProfileEdit> edits, Sync sync, bool& again) {
+  std::unique_ptr<File> file;
+  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::ReadWrite, file); });
+  if (status == FileStatus::NotFound) return Create(edits, sync, again);
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file->Lock(LockMode::Exclusive); });
+  return status == FileStatus::Ok ? Change(*file, edits, sync, again) : status;
+}
+
+// While we waited for the lock another writer may have put a new file in place; the one we hold is then no
+// longer the file of that name.
+FileStatus ProfileFile::Change(File& file, std::span<const ProfileEdit> edits, Sync sync, bool& again) {
+  FileInfo held;
+  FileInfo named;
+  FileStatus status = Uninterrupted([&] { return file.Info(held); });
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Info(path_, named); });
+  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != held.identity);
+  if (status != FileStatus::Ok || again) return status;
+  FileBytes bytes;
+  status = ReadAll(file, held.size, bytes);
+  if (status != FileStatus::Ok) return status;
+  const ProfileChange change = PlanChange(bytes.view(), edits);
+  if (change.kind == ProfileChange::Kind::Whole) return Replace(file, change.bytes, sync);
+  ScratchFile::RemoveLeftover(path_, ScratchFile::kSettings);
+  return change.kind == ProfileChange::Kind::None ? status : Overwrite(file, bytes.view(), change, sync);
+}
+
+FileStatus ProfileFile::Replace(File& old, std::string_view bytes, Sync sync) {
+  ScratchFile scratch(ScratchFile::kSettings);
+  FileStatus status = scratch.Open(path_, LockMode::Exclusive);
+  if (status == FileStatus::Ok) status = scratch.Append(bytes);
+  return status == FileStatus::Ok ? scratch.PutInPlace(&old, sync == Sync::Yes) : status;
+}
+
+// The scratch file's lock keeps two processes that make the same file apart; who comes second finds it made.
+FileStatus ProfileFile::Create(std::span<const ProfileEdit> edits, Sync sync, bool& again) {
+  const ProfileChange change = PlanChange({}, edits);
+  if (change.kind == ProfileChange::Kind::None) return FileStatus::Ok;
+  ScratchFile scratch(ScratchFile::kSettings);
+  FileStatus status = scratch.Open(path_, LockMode::Exclusive);
+  if (status != FileStatus::Ok) return status;
+  FileInfo info;
+  status = Uninterrupted([&] { return files().Info(path_, info); });
+  again = status == FileStatus::Ok;
+  if (status != FileStatus::NotFound) return status;
+  status = scratch.Append(change.bytes);
+  return status == FileStatus::Ok ? scratch.PutInPlace(nullptr, sync == Sync::Yes) : status;
+}
+
+}  // namespace vestrel

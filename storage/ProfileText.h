@@ -1,0 +1,56 @@
+// INI text as a value: bytes in, values, names and changes out. It opens no file. A change is planned as
+// splices of the text, so that every line that is not concerned keeps its bytes.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vestrel {
+
+// A value to be written, or with no value a key to be deleted.
+struct ProfileEdit {
+  std::string section;
+  std::string key;
+  std::optional<std::string> value;
+};
+
+// `length` bytes at `offset` give way to `text`.
+struct ProfileSplice {
+  std::size_t offset = 0;
+  std::size_t length = 0;
+  std::string text;
+};
+
+// The text with the splices, which are in ascending order, made.
+std::string Spliced(std::string_view text, std::span<const ProfileSplice> splices);
+
+class ProfileText {
+ public:
+  // `text` must outlive the object.
+  explicit ProfileText(std::string_view text) : text_(text) {}
+
+  // The value of the first key of that name in the first section of that name, as a reader gets it: blanks
+  // and one pair of quotes round it removed. None when there is no such key; an empty value is a value.
+  std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
+  // The names of all sections; doubled ones appear as often as they stand there.
+  std::vector<std::string_view> Sections() const;
+  // The key names of the first section of that name.
+  std::vector<std::string_view> Keys(std::string_view section) const;
+
+  // Whether each edit adds or changes one line and nothing else, and reads back under its name.
+  static bool ArePlain(std::span<const ProfileEdit> edits);
+  // How many of `edits`, at least one, may be planned together so that the outcome is that of planning them
+  // one after the other.
+  static std::size_t RunLength(std::span<const ProfileEdit> edits);
+  // The splices that make one such run of edits, in ascending order; what the text holds already gives none.
+  std::vector<ProfileSplice> Plan(std::span<const ProfileEdit> run) const;
+
+ private:
+  std::string_view text_;
+};
+
+}  // namespace vestrel

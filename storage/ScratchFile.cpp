@@ -1,0 +1,92 @@
+#include "storage/ScratchFile.h"
+
+#include "platform/Platform.h"
+#include "storage/FileIo.h"
+
+namespace vestrel {
+
+using platform::File;
+using platform::FileInfo;
+using platform::files;
+using platform::FileStatus;
+using platform::LockMode;
+using platform::OpenMode;
+
+namespace {
+
+constexpr int kAttempts = 100;
+
+std::u16string ScratchPath(std::u16string_view target, std::u16string_view suffix) {
+  std::u16string path;
+  path.reserve(target.size() + suffix.size());
+  return path.append(target).append(suffix);
+}
+
+}  // namespace
+
+FileStatus ScratchFile::Open(std::u16string_view target, LockMode lock) {
+  const FileStatus status = Uninterrupted([&] { return files().Resolve(target, target_); });
+  if (status != FileStatus::Ok) return status;
+  path_ = ScratchPath(target_, suffix_);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    bool again = false;
+    const FileStatus opened = OpenOnce(lock, again);
+    if (opened != FileStatus::Ok) file_.reset();
+    if (!again) return opened;
+  }
+  return FileStatus::Busy;
+}
+
+// The writer before us put the file we opened in place, or dropped it, while we waited for its lock: then the
+// name no longer stands for it and we start over. A link or a read-only file under our name is none of ours
+// and goes.
+FileStatus ScratchFile::OpenOnce(LockMode lock, bool& again) {
+  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::Scratch, file_); });
+  if (status == FileStatus::AccessDenied) {
+    again = files().Remove(path_) == FileStatus::Ok;
+    return status;
+  }
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file_->Lock(lock); });
+  FileInfo own;
+  FileInfo named;
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file_->Info(own); });
+  if (status != FileStatus::Ok) return status;
+  status = Uninterrupted([&] { return files().Info(path_, named); });
+  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != own.identity);
+  if (again) status = FileStatus::Busy;
+  size_ = 0;
+  return status == FileStatus::Ok && own.size > 0 ? Uninterrupted([&] { return file_->Truncate(0); })
+                                                  : status;
+}
+
+FileStatus ScratchFile::Append(std::string_view bytes) {
+  std::size_t done = 0;
+  const FileStatus status = WriteAll(*file_, size_, bytes, done);
+  size_ += done;
+  return status;
+}
+
+FileStatus ScratchFile::PutInPlace(File* old, bool sync) {
+  FileStatus status = FileStatus::Ok;
+  if (old != nullptr) status = Uninterrupted([&] { return file_->CopyAccess(*old); });
+  if (status == FileStatus::Ok && sync) status = Uninterrupted([&] { return file_->Sync(); });
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Replace(path_, target_); });
+  if (status != FileStatus::Ok) return status;
+  file_.reset();
+  return sync ? Uninterrupted([&] { return files().SyncDirectory(FolderOf(target_)); }) : status;
+}
+
+// The name goes while the lock is held, so that no one else's file goes with it.
+void ScratchFile::Discard() noexcept {
+  if (file_ == nullptr) return;
+  files().Remove(path_);
+  file_.reset();
+}
+
+void ScratchFile::RemoveLeftover(std::u16string_view target, std::u16string_view suffix) {
+  const std::u16string path = ScratchPath(target, suffix);
+  FileInfo info;
+  if (files().Info(path, info) == FileStatus::Ok) files().Remove(path);
+}
+
+}  // namespace vestrel

@@ -1,0 +1,34 @@
+// One read and one write of an INI value, as complete calls: each sees what others wrote and is in the file
+// when it returns, unless an IniBatch for the file is open. Texts go through the narrow page both ways. The
+// file format's rules are in docs/ini-format.md.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "storage/IniBatch.h"
+
+namespace vestrel::modIniFile {
+
+using Batch = IniBatch;
+
+// The most that a read hands back, in bytes of the narrow page; longer values are cut, never inside a
+// character.
+constexpr std::size_t kLongestRead = 254;
+
+// The value of the key, or `defaultValue` (its trailing spaces cut) when file, section or key is absent;
+// either cut to kLongestRead.
+std::u16string ReadIniString(std::u16string_view fileName, std::u16string_view section,
+                             std::u16string_view key, std::u16string_view defaultValue);
+
+// Writes the value, or deletes the key when there is none. In the caller's variable every carriage return and
+// line feed becomes a blank; the file gets them as they were. No failed write is reported. Raises 6 for a
+// value of more than 32767 characters, before anything is changed.
+void WriteIniString(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
+                    std::u16string* value);
+
+// Logs one WARNING line when a value is longer than a read hands back. For whoever writes lists.
+void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
+                        std::u16string_view value);
+
+}  // namespace vestrel::modIniFile

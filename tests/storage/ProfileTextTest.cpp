@@ -1,0 +1,236 @@
+// The rules of INI text, one row each, read and written.
+#include <gtest/gtest.h>
+
+#include "storage/ProfileChange.h"
+#include "storage/ProfileText.h"
+
+namespace vestrel {
+namespace {
+
+struct ReadRow {
+  const char* rule;
+  std::string_view text;
+  std::string_view section;
+  std::string_view key;
+  std::string_view expected;  // "<none>" when there is no such key
+};
+
+std::string Found(const ReadRow& row) {
+  return std::string(ProfileText(row.text).Find(row.section, row.key).value_or("<none>"));
+}
+
+const ReadRow kReadRows[] = {
+    {"names match in any case, values keep theirs", "[S]\r\nKey=Value\r\n", "s", "KEY", "Value"},
+    {"letters beyond ASCII are not folded", "[S\xC9]\r\nk=v\r\n", "S\xE9", "k", "<none>"},
+    {"blanks before a section line", " \t[s]\r\nk=v\r\n", "s", "k", "v"},
+    {"blanks round name and value", "[s]\r\n \t\vk \t=\v v \t\r\n", "s", "k", "v"},
+    {"form feed and end-of-file mark are blanks", "[s]\r\n\fk=v\x1A\r\n", "s", "k", "v"},
+    {"other high bytes are none", "[s]\r\nk=\xA0v\x85\r\n", "s", "k", "\xA0v\x85"},
+    {"blanks inside the brackets", "[ s ]\r\nk=v\r\n", "s", "k", "v"},
+    {"inner blanks count", "[s\tt]\r\nk=v\r\n", "s t", "k", "<none>"},
+    {"LF ends a line", "[s]\nk=v\nl=w\n", "s", "l", "w"},
+    {"CR ends a line", "[s]\rk=v\rl=w\r", "s", "l", "w"},
+    {"a last line needs no end", "[s]\r\nk=v", "s", "k", "v"},
+    {"a section ends at the first bracket", "[d]e]\r\nk=v\r\n", "d", "k", "v"},
+    {"and has no longer name", "[d]e]\r\nk=v\r\n", "d]e", "k", "<none>"},
+    {"text behind the bracket is ignored", "[a]x=1\r\nk=v\r\n", "a", "x", "<none>"},
+    {"so is a note", "[h] ; note\r\nk=v\r\n", "h", "k", "v"},
+    {"a missing bracket ends with the line", "[ s \r\nk=v\r\n", "s", "k", "v"},
+    {"a bracket alone at the end opens nothing", "s]\r\nk=v\r\n", "s", "k", "<none>"},
+    {"a second opening bracket belongs to the name", "[[f]\r\nk=v\r\n", "[f", "k", "v"},
+    {"a comment is never found", "[s]\r\n;k=v\r\n", "s", ";k", "<none>"},
+    {"nor is an indented one", "[s]\r\n  ;k=v\r\n", "s", ";k", "<none>"},
+    {"a semicolon in a value is text", "[s]\r\nk=v;w\r\n", "s", "k", "v;w"},
+    {"a semicolon in a name is text", "[s;t]\r\nk;l=v\r\n", "s;t", "k;l", "v"},
+    {"a hash is no comment", "[s]\r\n#k=v\r\n", "s", "#k", "v"},
+    {"a line without = is no key", "[s]\r\nk\r\n", "s", "k", "<none>"},
+    {"the first = divides", "[s]\r\nk==1=2\r\n", "s", "k", "=1=2"},
+    {"a key may have no name", "[s]\r\n=v\r\n", "s", "", "v"},
+    {"a value may be empty", "[s]\r\nk=\r\n", "s", "k", ""},
+    {"the first of two keys counts", "[s]\r\nk=1\r\nk=2\r\n", "s", "k", "1"},
+    {"only the first of two sections is looked into", "[s]\r\n[t]\r\n[s]\r\nk=v\r\n", "s", "k", "<none>"},
+    {"keys before the first section are out of reach", "k=v\r\n[s]\r\n", "", "k", "<none>"},
+    {"a section may have no name", "[]\r\nk=v\r\n", "", "k", "v"},
+    {"double quotes go", "[s]\r\nk=\" v \"\r\n", "s", "k", " v "},
+    {"single quotes go", "[s]\r\nk=' v '\r\n", "s", "k", " v "},
+    {"one pair only", "[s]\r\nk=\"\"v\"\"\r\n", "s", "k", "\"v\""},
+    {"unlike quotes stay", "[s]\r\nk=\"v'\r\n", "s", "k", "\"v'"},
+    {"a lone quote stays", "[s]\r\nk=\"\r\n", "s", "k", "\""},
+    {"an opening quote alone stays", "[s]\r\nk=\"x, x\r\n", "s", "k", "\"x, x"},
+    {"an empty pair is empty", "[s]\r\nk=''\r\n", "s", "k", ""},
+    {"two pairs lose their outer quotes", "[s]\r\nk=\"\" \"\"\r\n", "s", "k", "\" \""},
+    {"quotes before a note stay", "[s]\r\nk=\"x\" ;c\r\n", "s", "k", "\"x\" ;c"},
+    {"quotes in names are text", "['s']\r\n\"k\"=v\r\n", "'s'", "\"k\"", "v"},
+    {"spaces round the names asked for are ignored", "[s]\r\nk=v\r\n", " s ", " k ", "v"},
+    {"tabs there are not", "[s]\r\nk=v\r\n", "s", "\tk", "<none>"},
+    {"tabs round a section asked for are not", "[s]\r\nk=v\r\n", "s\t", "k", "<none>"},
+    {"a mark of UTF-8 hides a section on line 1", "\xEF\xBB\xBF[s]\r\nk=v\r\n", "s", "k", "<none>"},
+    {"later sections are found", "\xEF\xBB\xBF[s]\r\n[t]\r\nk=v\r\n", "t", "k", "v"},
+    {"a mark of UTF-16 big endian is text", std::string_view("\xFE\xFF\0[\0s\0]", 8), "s", "k", "<none>"},
+    {"an end-of-file mark inside is text",
+     "[s]\r\nk=a\x1A"
+     "b\r\nl=w\r\n",
+     "s", "l", "w"},
+    {"a null is text", std::string_view("[s]\r\nk=a\0b\r\n", 12), "s", "k", std::string_view("a\0b", 3)},
+    {"a bracket inside a value opens nothing", "[s]\r\nj=[t]\r\nk=v\r\n", "s", "k", "v"},
+    {"an empty text holds nothing", "", "", "", "<none>"},
+};
+
+TEST(ProfileTextTest, ReadsByTheRules) {
+  for (const ReadRow& row : kReadRows) EXPECT_EQ(Found(row), row.expected) << row.rule;
+}
+
+TEST(ProfileTextTest, ListsEveryKeyAndSection) {
+  const ProfileText text("x=0\r\n[s]\r\nk=1\r\n;c=2\r\njunk\r\nK=3\r\n[t]\r\n[S]\r\nz=4\r\n");
+  EXPECT_EQ(text.Keys("S"), (std::vector<std::string_view>{"k", "K"}));
+  EXPECT_EQ(text.Sections(), (std::vector<std::string_view>{"s", "t", "S"}));
+  EXPECT_TRUE(text.Keys("none").empty());
+}
+
+struct WriteRow {
+  const char* rule;
+  std::string_view text;
+  std::vector<ProfileEdit> edits;
+  std::string_view expected;
+};
+
+const WriteRow kWriteRows[] = {
+    {"all other lines keep their bytes",
+     "; head \r\n\r\n [ s ]x \n  j = 1 \r k=2\r\n\r\nend",
+     {{"s", "k", "3"}},
+     "; head \r\n\r\n [ s ]x \n  j = 1 \rk=3\r\n\r\nend"},
+    {"a new file gets section and key", "", {{"s", "k", "v"}}, "[s]\r\nk=v\r\n"},
+    {"a changed key keeps its place and spelling",
+     "[S]\r\nKey=1\r\nj=2\r\n",
+     {{"s", "KEY", "x"}},
+     "[S]\r\nKey=x\r\nj=2\r\n"},
+    {"blanks round the = go when the line is written",
+     "[s]\r\n k =  1\r\n",
+     {{"s", "k", "2"}},
+     "[s]\r\nk=2\r\n"},
+    {"a value held already is not written", "[s]\nk=1", {{"s", "k", "1"}}, "[s]\nk=1"},
+    {"a changed last line gets its end", "[s]\r\nk=1", {{"s", "k", "2"}}, "[s]\r\nk=2\r\n"},
+    {"a written line ends with CR LF", "[s]\nk=1\nj=1\n", {{"s", "k", "2"}}, "[s]\nk=2\r\nj=1\n"},
+    {"a new key goes behind the last key",
+     "[s]\r\nk=1\r\n\r\n;c\r\n[t]\r\n",
+     {{"s", "j", "2"}},
+     "[s]\r\nk=1\r\nj=2\r\n\r\n;c\r\n[t]\r\n"},
+    {"a line that is no key holds the place as well",
+     "[s]\r\nk=1\r\njunk\r\n\r\n",
+     {{"s", "j", "2"}},
+     "[s]\r\nk=1\r\njunk\r\nj=2\r\n\r\n"},
+    {"in a section without keys it goes behind the header",
+     "[s]\r\n;c\r\n",
+     {{"s", "k", "1"}},
+     "[s]\r\nk=1\r\n;c\r\n"},
+    {"new keys keep the order of writing",
+     "[s]\r\n",
+     {{"s", "b", "1"}, {"s", "a", "2"}},
+     "[s]\r\nb=1\r\na=2\r\n"},
+    {"a new section goes to the end",
+     "[s]\r\nk=1\r\n\r\n",
+     {{"t", "j", "2"}},
+     "[s]\r\nk=1\r\n\r\n[t]\r\nj=2\r\n"},
+    {"behind a last line without end", "[s]\r\nk=1", {{"t", "j", "2"}}, "[s]\r\nk=1\r\n[t]\r\nj=2\r\n"},
+    {"a key there as well", "[s]\r\nk=1", {{"s", "j", "2"}}, "[s]\r\nk=1\r\nj=2\r\n"},
+    {"a last line is ended once",
+     "[s]\r\nk=1",
+     {{"s", "k", "2"}, {"s", "j", "3"}, {"t", "i", "4"}},
+     "[s]\r\nk=2\r\nj=3\r\n[t]\r\ni=4\r\n"},
+    {"a header without end", "[s]", {{"s", "k", "1"}}, "[s]\r\nk=1\r\n"},
+    {"a mark of UTF-8 counts as a line", "\xEF\xBB\xBF", {{"s", "k", "1"}}, "\xEF\xBB\xBF\r\n[s]\r\nk=1\r\n"},
+    {"spaces round names go", "", {{" s ", " k ", "v"}}, "[s]\r\nk=v\r\n"},
+    {"tabs stay", "", {{"\ts", "k\t", "v"}}, "[\ts]\r\nk\t=v\r\n"},
+    {"blanks round a value stay", "[s]\r\nk=1\r\n", {{"s", "k", " v "}}, "[s]\r\nk= v \r\n"},
+    {"quotes are not added", "", {{"s", "k", "\"v\""}}, "[s]\r\nk=\"v\"\r\n"},
+    {"a line break is written as it is",
+     "[s]\r\nk=1\r\nj=2\r\n",
+     {{"s", "k", "a\r\nj=b"}},
+     "[s]\r\nk=a\r\nj=b\r\nj=2\r\n"},
+    {"and later writes see its lines",
+     "[s]\r\n",
+     {{"s", "k", "a\r\nj=b"}, {"s", "j", "c"}},
+     "[s]\r\nk=a\r\nj=c\r\n"},
+    {"an empty value", "", {{"s", "k", ""}}, "[s]\r\nk=\r\n"},
+    {"an empty key", "", {{"s", "", "v"}}, "[s]\r\n=v\r\n"},
+    {"an empty section", "", {{"", "k", "v"}}, "[]\r\nk=v\r\n"},
+    {"a bracket in a section is written and not found again",
+     "[a]b]\r\nk=1\r\n",
+     {{"a]b", "k", "2"}},
+     "[a]b]\r\nk=1\r\n[a]b]\r\nk=2\r\n"},
+    {"an = in a key as well", "[s]\r\na=b=1\r\n", {{"s", "a=b", "2"}}, "[s]\r\na=b=1\r\na=b=2\r\n"},
+    {"a key like a section",
+     "[s]\r\nk=1\r\n",
+     {{"s", "[t", "2"}, {"s", "[t", "3"}},
+     "[s]\r\nk=1\r\n[t=3\r\n[t=2\r\n"},
+    {"a key like a comment goes in front of earlier ones",
+     "[s]\r\nk=1\r\n;x=1\r\n",
+     {{"s", ";x", "2"}},
+     "[s]\r\nk=1\r\n;x=2\r\n;x=1\r\n"},
+    {"two such keys",
+     "[s]\r\nk=1\r\n",
+     {{"s", ";x", "1"}, {"s", ";x", "2"}},
+     "[s]\r\nk=1\r\n;x=2\r\n;x=1\r\n"},
+    {"only the first of two keys is changed",
+     "[s]\r\nk=1\r\nk=2\r\n",
+     {{"s", "k", "3"}},
+     "[s]\r\nk=3\r\nk=2\r\n"},
+    {"only the first of two sections is changed",
+     "[s]\r\n[t]\r\n[s]\r\nk=1\r\n",
+     {{"s", "k", "2"}},
+     "[s]\r\nk=2\r\n[t]\r\n[s]\r\nk=1\r\n"},
+    {"deleting takes the first key of the name",
+     "[s]\r\nK=1\r\nk=2\r\n",
+     {{"s", "k", std::nullopt}},
+     "[s]\r\nk=2\r\n"},
+    {"and leaves an empty section", "[s]\r\nk=1\r\n[t]\r\n", {{"s", "k", std::nullopt}}, "[s]\r\n[t]\r\n"},
+    {"deleting with spaces round the names", "[s]\r\nk=1\r\n", {{" s ", " k ", std::nullopt}}, "[s]\r\n"},
+    {"a comment is not deleted", "[s]\r\n;k=1\r\n", {{"s", ";k", std::nullopt}}, "[s]\r\n;k=1\r\n"},
+    {"nothing from a second section",
+     "[s]\r\n[s]\r\nk=1\r\n",
+     {{"s", "k", std::nullopt}},
+     "[s]\r\n[s]\r\nk=1\r\n"},
+    {"deleting what is absent changes nothing",
+     "[s]\r\nk=1",
+     {{"s", "j", std::nullopt}, {"t", "k", std::nullopt}},
+     "[s]\r\nk=1"},
+    {"a key deleted and written again moves to the end",
+     "[s]\r\nk=1\r\nj=2\r\n",
+     {{"s", "k", std::nullopt}, {"s", "K", "3"}},
+     "[s]\r\nj=2\r\nK=3\r\n"},
+    {"a key added and deleted leaves its section",
+     "",
+     {{"s", "k", "1"}, {"s", "k", std::nullopt}},
+     "[s]\r\n"},
+    {"the last value of a new key counts, under its first spelling",
+     "",
+     {{"s", "k", "1"}, {"S", "K", "2"}},
+     "[s]\r\nk=2\r\n"},
+    {"a line that is no key is not taken for one", "[s]\r\nk\r\n", {{"s", "k", "1"}}, "[s]\r\nk\r\nk=1\r\n"},
+    {"sections in any order",
+     "[s]\r\nk=1\r\n[t]\r\nk=1\r\n",
+     {{"t", "k", "22"}, {"u", "k", "3"}, {"s", "k", "44"}},
+     "[s]\r\nk=44\r\n[t]\r\nk=22\r\n[u]\r\nk=3\r\n"},
+    {"nulls keep their place",
+     std::string_view("a\0b\r\n[s]\r\nk=\0\r\n", 15),
+     {{"s", "j", "1"}},
+     std::string_view("a\0b\r\n[s]\r\nk=\0\r\nj=1\r\n", 20)},
+};
+
+TEST(ProfileTextTest, WritesByTheRules) {
+  for (const WriteRow& row : kWriteRows) EXPECT_EQ(EditedFile(row.text, row.edits), row.expected) << row.rule;
+}
+
+TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {
+  std::string text = "[a]\r\nKEY3=old\r\nkey3=other\r\n[b]\r\nkey1=old";
+  std::vector<ProfileEdit> edits;
+  for (int i = 0; i < 40; ++i) {
+    edits.push_back({i % 3 == 0 ? "b" : "A", "Key" + std::to_string(i % 17), std::to_string(i)});
+  }
+  std::string oneByOne = text;
+  for (const ProfileEdit& edit : edits) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
+  EXPECT_EQ(EditedFile(text, edits), oneByOne);
+}
+
+}  // namespace
+}  // namespace vestrel
