@@ -1,6 +1,10 @@
 // A shortcut button: a named link to an item that the host plays, with play state, fader, fader mode, bump
 // mode and lock. Owned by its group's list; refers back to its page and its handler, to whom it reports every
 // change that matters outside. It applies no group rules and, beyond its own line, saves nothing.
+//
+// A button is made, then given Init or InitWithValues; before that it has no fader, and what needs one raises
+// 91. The handler is called after the change is complete, may call back into the button, and what it raises
+// reaches whoever made the change. A button whose page or handler is gone stays usable and calls nobody.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +21,7 @@ namespace vestrel {
 
 class clsIniFile;
 class clsPage;
+struct ButtonLine;
 
 class clsButton : public virtual IComparable {
  public:
@@ -48,12 +53,13 @@ class clsButton : public virtual IComparable {
   void SetBumpMode(BumpModeEnum value) noexcept { bumpMode_ = value; }
   // The fader's value. Raises 91 before Init.
   std::int32_t faderValue() const;
+  // The fader itself, none before Init.
   Ref<clsFaderCatch> Fader() const noexcept { return fader_; }
   PlayStateEnum playState() const noexcept { return playState_; }
 
   // Gives every field its first value and creates the fader. Both references point back (core/BackRef.h).
   void Init(IButtonEventHandler* eventHandler, clsPage* page);
-  // Init, then the four fields given.
+  // Init, then the four fields given (groupIndex 0 to 9, buttonIndex from 1; neither is checked).
   void InitWithValues(clsPage* page, std::int32_t groupIndex, std::int32_t buttonIndex,
                       std::u16string_view name, ButtonTypeEnum buttonType, IButtonEventHandler* eventHandler);
   // A new button of the same page, group, index, type and handler, with first values otherwise. Without a
@@ -69,27 +75,47 @@ class clsButton : public virtual IComparable {
   void setPlayState(PlayStateEnum value, PSEventSourceEnum eventSource, std::int16_t mouseButton,
                     std::int16_t shift, float x, float y, bool suppressEvent = false,
                     bool suppressSave = false);
-  // Press and release of a button in bump mode; only groups 0 and 9 answer.
+  // Press and release of a button in bump mode, unless locked; only groups 0 and 9 answer. Group 0 goes on
+  // and off. Group 9 goes on if its fader is 0, is forced to 100 and reports FaderValueChanged; the release
+  // forces the value before the press, reports it, and switches off if it is 0.
   void press();
   void release();
-  // Toggles the play state; nothing when locked or in bump mode.
+  // Toggles the play state through setPlayState as the user; nothing when locked, in bump mode or in
+  // PlayState_Null.
   void click(std::int16_t mouseButton, std::int16_t shift, float x, float y);
-  // Moves the fader (0 to 100) through its pick-up; answers whether it caught. In bump mode it also switches
-  // the button and calls the handler's FaderValueChanged.
+  // Moves the fader (0 to 100) through its pick-up; answers whether it caught, false when locked. In bump
+  // mode, when the value is another or updateUI is set, it also switches the button on (from 1 up) or off (at
+  // 0) and then calls the handler's FaderValueChanged.
   bool SetFaderValue(std::int32_t value, bool updateUI);
 
-  // Writes and reads the button's line under the key "fields" of the section and prefix in force. Reading a
-  // line of other than seven fields logs a warning and keeps all but the two indices; raises 13 for a field
-  // that does not convert; hands play state and fader value to the handler's DeferPlaystateFor.
+  // Writes the button's line under the key "fields" of the section and prefix in force.
   void saveToINI(clsIniFile* iniFile);
+  // Reads that line and takes the two indices. A line of other than seven fields is skipped with a warning;
+  // one with a field that does not convert raises 13 (6 when it does not fit); both change nothing else.
+  // Otherwise the button is off with its fader at 0, and the play state and fader value of the line go to the
+  // handler's DeferPlaystateFor. Calls no other notification.
   void loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::int32_t pButtonIndex);
 
-  // Fields "all" and "buttonIndex" (exact); raises 1001 for another one, 13 for an object that is no button.
+  // Field "all": 0 when both indices, name and type are equal, else 1 when this buttonIndex is the greater,
+  // else -1, so that two buttons of one index may both come first. Field "buttonIndex": by that number alone.
+  // The field is matched exactly; raises 1001 for another one, 13 for an object that is no button, 91 for
+  // none.
   std::int32_t CompareTo(Object* other, std::u16string_view field = u"all") override;
-  // Field "name" in any letter case; raises 7155 for another one.
+  // Field "name" in any letter case: the value's text against the name, by code units. Another field is
+  // logged as severe and raises 7155.
   std::int32_t FieldCompare(std::u16string_view fieldName, const Variant& value) override;
 
+ protected:
+  ~clsButton() override;
+
  private:
+  clsFaderCatch& CreatedFader() const;
+  void Switch(PlayStateEnum value);
+  void PressBumpFader();
+  void ReleaseBumpFader();
+  void NotifyFaderValue(bool updateUI);
+  void TakeLine(const ButtonLine& line);
+
   BackRef<clsPage> page_;
   BackRef<IButtonEventHandler> eventHandler_;
   PlayStateEnum playState_{};

@@ -1,5 +1,10 @@
-// One page of a show: ten button groups and the page file that holds them. Owned by the page manager; refers
-// back to the controller. Nothing is read from or written to disk but by the operations that say so.
+// One page of a show: ten button groups and the page file that holds them (docs/page-file.md). Owned by the
+// page manager; refers back to the controller, to which its groups and buttons report. Nothing is read from
+// or written to disk but by the operations that say so, and failed writes report nothing. Groups 1 to 8 have
+// a group fader; group 9 holds the buttons of the eight bump faders, 1 to 8 by their buttonIndex.
+//
+// Callbacks are made by loadFromINI, GotFocus and, through the message pump, the saves of whole groups; they
+// may call back into the page.
 #pragma once
 
 #include <array>
@@ -27,23 +32,30 @@ class clsPage : public virtual IComparable {
   const std::u16string& pageName() const noexcept { return pageName_; }
   // The name alone; the file stays bound as it was.
   void SetPageNamePrivate(std::u16string_view pageName);
-  // Group 0 to 9; raises 9 otherwise.
+  // Group 0 to 9; raises 9 otherwise. None before Init.
   Ref<clsButtonGroup> ButtonGroups(std::int32_t which) const;
 
   // Binds the page file of showName and pageName under appPath and makes ten empty groups. With persist false
   // saveToINI and loadFromINI do nothing.
   void Init(std::u16string_view appPath, IPageController* controller, std::u16string_view showName,
             std::u16string_view pageName, bool persist = true);
-  // Writes one button and the index list of its group, in one commit that does not wait for the disk.
+  // Writes one button and the index list of its group, in one commit that does not wait for the disk,
+  // whatever persist says. Raises 91 for none, 9 for a groupIndex outside 0 to 9.
   void saveSingleButton(clsButton* button);
-  // Writes one group (0 to 9), in one commit, and then lets the host process its pending messages once.
+  // Writes one group (0 to 9, else raises 9) in one commit, whatever persist says, and then lets the host
+  // process its pending messages once. With buttons the commit waits for the disk.
   void saveButtonGroupToINI(std::int32_t groupIndex, bool withButtons = true);
-  // All groups, or the one given. Raises 999 when no file is bound.
+  // All groups in order, or with an index from 0 on that one alone. Nothing when persist is false. Raises 999
+  // when no file is bound.
   void saveToINI(std::int32_t onlyGroupIndex = -1, bool withButtons = true);
-  // Reads all groups and builds their buttons. Raises 999 when no file is bound, 13 for a number that is
-  // none.
+  // Empties and reads all groups in order and builds their buttons; what the file lacks has its first value.
+  // Nothing when persist is false. Calls the controller's ItemRemoved for each old button, and for each new
+  // one DeferPlaystateFor (unless its line is malformed) and ItemAdded. Raises 999 when no file is bound, 13
+  // for a number that is none; groups read until then stay.
   void loadFromINI();
-  // Resumes the pick-up of the faders from the host's positions and reports every model value.
+  // Resumes the pick-up of the faders from the host's positions (the controller's GetUIFaderValues) and hands
+  // every model value to its UpdateFaderModelValue, group faders first. Nothing without a controller, since
+  // nobody knows the positions then.
   void GotFocus();
   // Pauses the pick-up of the faders.
   void LostFocus();
@@ -52,14 +64,27 @@ class clsPage : public virtual IComparable {
   // Whether the page file can be written; leaves a test key in it.
   bool TestWritable();
 
-  // Field "pageName" (exact): 0 when equal; -1 in every other case.
+  // Field "pageName" (exact): 0 when equal; -1 in every other case, so pages are found but not sorted. Raises
+  // 13 for an object that is no page, 91 for none.
   std::int32_t CompareTo(Object* other, std::u16string_view field = u"all") override;
+  // Field "pageName" (exact): the name against the value's text, by code units. -1 for another field.
   std::int32_t FieldCompare(std::u16string_view fieldName, const Variant& value) override;
 
  protected:
   ~clsPage() override;
 
  private:
+  Ref<clsButtonGroup> Group(std::int32_t which) const;
+  clsIniFile& File() const;
+  void BindFile();
+  void MakeFolder() const;
+  void RequireFile(std::u16string_view source) const;
+  void WriteUsedIndices(const clsButtonGroup& group);
+  void WriteButton(clsButton& button);
+  void WriteGroup(const clsButtonGroup& group, bool withButtons);
+  void LoadGroup(clsButtonGroup& group);
+  void LoadButton(const clsButtonGroup& group, std::int32_t buttonIndex);
+
   std::u16string appPath_;
   bool persist_ = false;
   BackRef<IPageController> controller_;

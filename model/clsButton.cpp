@@ -1,0 +1,238 @@
+#include "model/clsButton.h"
+
+#include "core/Cast.h"
+#include "core/Convert.h"
+#include "model/ButtonLine.h"
+#include "model/clsPage.h"
+#include "storage/clsIniFile.h"
+#include "util/modLog.h"
+#include "util/modUtils.h"
+
+namespace vestrel {
+namespace {
+
+constexpr std::u16string_view kLineKey = u"fields";
+
+// What a press, a release or a bump fader reports as the click that caused it.
+constexpr std::int16_t kSyntheticMouseButton = 1;
+constexpr std::int32_t kTopGroup = 0;
+constexpr std::int32_t kBumpGroup = 9;
+constexpr std::int32_t kFullFader = 100;
+
+std::int32_t CompareNumbers(std::int32_t a, std::int32_t b) noexcept {
+  if (a == b) return 0;
+  return a < b ? -1 : 1;
+}
+
+}  // namespace
+
+clsButton::clsButton() = default;
+
+clsButton::~clsButton() = default;
+
+void clsButton::SetLocked(bool value) {
+  if (value == locked_) return;
+  const Ref<clsButton> self(this);
+  locked_ = value;
+  if (const auto handler = eventHandler_.Lock()) handler->LockStateChanged(this);
+}
+
+void clsButton::SetFaderMode(FaderModeEnum value) {
+  if (value == faderMode_) return;
+  const Ref<clsButton> self(this);
+  faderMode_ = value;
+  if (const auto handler = eventHandler_.Lock()) handler->FaderModeChanged(this);
+}
+
+std::int32_t clsButton::faderValue() const {
+  return CreatedFader().value();
+}
+
+void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
+  groupIndex = -1;
+  buttonIndex = -1;
+  name = u"none";
+  buttonType = ButtonType_None;
+  isVisible = false;
+  controlIndex = -1;
+  isHighlighted = false;
+  triggeredDimmerValue = kFullFader;
+  page_ = page;
+  eventHandler_ = eventHandler;
+  playState_ = PlayState_Off;
+  bumpMode_ = BumpMode_Off;
+  faderMode_ = FaderMode_Dimmer;
+  fader_ = MakeRef<clsFaderCatch>();
+  fader_->Init();
+  preBumpFaderValue_ = 0;
+  locked_ = false;
+}
+
+void clsButton::InitWithValues(clsPage* page, std::int32_t newGroupIndex, std::int32_t newButtonIndex,
+                               std::u16string_view newName, ButtonTypeEnum newButtonType,
+                               IButtonEventHandler* eventHandler) {
+  // Before Init, which overwrites the name that the caller's text may be.
+  std::u16string ownName(newName);
+  Init(eventHandler, page);
+  groupIndex = newGroupIndex;
+  buttonIndex = newButtonIndex;
+  name = std::move(ownName);
+  buttonType = newButtonType;
+}
+
+Ref<clsButton> clsButton::Copy(std::u16string* newName) {
+  if (newName != nullptr && newName->empty()) *newName = name;
+  const auto copy = MakeRef<clsButton>();
+  copy->InitWithValues(page_.Lock().get(), groupIndex, buttonIndex, newName != nullptr ? *newName : name,
+                       buttonType, eventHandler_.Lock().get());
+  return copy;
+}
+
+std::u16string clsButton::toString() const {
+  return u"group: " + LongToText(groupIndex) + u", buttonIndex: " + LongToText(buttonIndex) + u", name: " +
+         name + u", type: " + LongToText(buttonType);
+}
+
+void clsButton::PrintObject() const {
+  modLog::LogFormat(LogLevel_3_INFO, u"button object: %s - gi %d, bi %d, bt %d, ps %d, iv %d, ci %d%", name,
+                    groupIndex, buttonIndex, std::int32_t{buttonType}, std::int32_t{playState_}, isVisible,
+                    controlIndex);
+}
+
+void clsButton::setPlayState(PlayStateEnum value, PSEventSourceEnum eventSource, std::int16_t mouseButton,
+                             std::int16_t shift, float x, float y, bool suppressEvent, bool suppressSave) {
+  if (locked_ || value == playState_) return;
+  const Ref<clsButton> self(this);
+  playState_ = value;
+  if (suppressEvent) return;
+  if (const auto handler = eventHandler_.Lock()) {
+    handler->PlayStateChanged(this, eventSource, mouseButton, shift, x, y, suppressSave);
+  }
+}
+
+void clsButton::press() {
+  if (locked_ || bumpMode_ != BumpMode_On) return;
+  const Ref<clsButton> self(this);
+  if (groupIndex == kTopGroup) {
+    Switch(PlayState_On);
+  } else if (groupIndex == kBumpGroup) {
+    PressBumpFader();
+  }
+}
+
+void clsButton::release() {
+  if (locked_ || bumpMode_ != BumpMode_On) return;
+  const Ref<clsButton> self(this);
+  if (groupIndex == kTopGroup) {
+    Switch(PlayState_Off);
+  } else if (groupIndex == kBumpGroup) {
+    ReleaseBumpFader();
+  }
+}
+
+void clsButton::click(std::int16_t mouseButton, std::int16_t shift, float x, float y) {
+  if (locked_ || bumpMode_ == BumpMode_On) return;
+  if (playState_ == PlayState_On) {
+    setPlayState(PlayState_Off, PSEventSource_User, mouseButton, shift, x, y);
+  } else if (playState_ == PlayState_Off) {
+    setPlayState(PlayState_On, PSEventSource_User, mouseButton, shift, x, y);
+  }
+}
+
+bool clsButton::SetFaderValue(std::int32_t value, bool updateUI) {
+  if (locked_) return false;
+  const Ref<clsButton> self(this);
+  const std::int32_t oldValue = faderValue();
+  if (!CreatedFader().SetValue(value)) return false;
+  if (value == oldValue && !updateUI) return true;
+  if (bumpMode_ != BumpMode_On) return true;
+  if (value >= 1 && playState_ == PlayState_Off) {
+    Switch(PlayState_On);
+  } else if (value == 0 && playState_ == PlayState_On) {
+    Switch(PlayState_Off);
+  }
+  NotifyFaderValue(updateUI);
+  return true;
+}
+
+void clsButton::saveToINI(clsIniFile* iniFile) {
+  if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
+  std::u16string line =
+      ButtonLineText({name, buttonType, playState_, bumpMode_, faderMode_, faderValue(), locked_});
+  iniFile->WriteString(kLineKey, line);
+}
+
+void clsButton::loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::int32_t pButtonIndex) {
+  if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
+  const std::u16string text = iniFile->ReadString(kLineKey, u"");
+  groupIndex = pGroupIndex;
+  buttonIndex = pButtonIndex;
+  ButtonLine line;
+  if (!ParseButtonLine(text, line)) {
+    modLog::Log(u"skipping button load -- incorrect number of fields in INI", LogLevel_2_WARNING);
+    return;
+  }
+  TakeLine(line);
+}
+
+std::int32_t clsButton::CompareTo(Object* other, std::u16string_view field) {
+  const clsButton& button = Cast<clsButton>(other);
+  if (field == u"buttonIndex") return CompareNumbers(buttonIndex, button.buttonIndex);
+  if (field != u"all")
+    throw Error(errBadFieldName, u"clsButton.IComparable_CompareTo", u"unsupported field (yet)");
+  const bool equal = groupIndex == button.groupIndex && buttonIndex == button.buttonIndex &&
+                     name == button.name && buttonType == button.buttonType;
+  if (equal) return 0;
+  return buttonIndex > button.buttonIndex ? 1 : -1;
+}
+
+std::int32_t clsButton::FieldCompare(std::u16string_view fieldName, const Variant& value) {
+  if (EqualIgnoringCase(fieldName, u"name")) return CompareNumbers(ToText(value).compare(name), 0);
+  modLog::LogFormat(LogLevel_1_SEVERE, u"unhandled field in clsButton.IComparable_FieldCompare: %s",
+                    fieldName);
+  modUtils::Assert(false);
+  return 0;
+}
+
+clsFaderCatch& clsButton::CreatedFader() const {
+  if (!fader_) RaiseError(Error_ObjectNotSet);
+  return *fader_;
+}
+
+void clsButton::Switch(PlayStateEnum value) {
+  setPlayState(value, PSEventSource_User, kSyntheticMouseButton, 0, 0, 0);
+}
+
+void clsButton::PressBumpFader() {
+  if (faderValue() == 0) Switch(PlayState_On);
+  preBumpFaderValue_ = faderValue();
+  CreatedFader().SetValue(kFullFader, true);
+  NotifyFaderValue(true);
+}
+
+void clsButton::ReleaseBumpFader() {
+  CreatedFader().SetValue(preBumpFaderValue_, true);
+  NotifyFaderValue(true);
+  if (faderValue() == 0) Switch(PlayState_Off);
+}
+
+void clsButton::NotifyFaderValue(bool updateUI) {
+  if (const auto handler = eventHandler_.Lock()) handler->FaderValueChanged(this, updateUI);
+}
+
+void clsButton::TakeLine(const ButtonLine& line) {
+  const Ref<clsButton> self(this);
+  name = line.name;
+  buttonType = line.buttonType;
+  bumpMode_ = line.bumpMode;
+  faderMode_ = line.faderMode;
+  locked_ = line.locked;
+  playState_ = PlayState_Off;
+  CreatedFader().SetValue(0, true);
+  const auto page = page_.Lock();
+  if (const auto handler = eventHandler_.Lock()) {
+    handler->DeferPlaystateFor(page.get(), this, line.playState, line.faderValue);
+  }
+}
+
+}  // namespace vestrel

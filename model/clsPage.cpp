@@ -1,0 +1,224 @@
+#include "model/clsPage.h"
+
+#include "core/Cast.h"
+#include "core/Convert.h"
+#include "core/modObjectList.h"
+#include "model/IndexList.h"
+#include "platform/Platform.h"
+#include "storage/Folders.h"
+#include "storage/IniBatch.h"
+#include "storage/clsIniFile.h"
+#include "storage/modIniFile.h"
+
+namespace vestrel {
+namespace {
+
+constexpr std::int32_t kGroups = 10;
+constexpr std::int32_t kBumpGroup = 9;
+constexpr std::int32_t kNotBound = 999;
+constexpr std::u16string_view kIndicesKey = u"usedIndices";
+
+// The group faders, and the bump faders alike.
+bool IsFaderNumber(std::int32_t number) noexcept {
+  return number >= 1 && number <= 8;
+}
+
+std::u16string SectionName(const clsButtonGroup& group) {
+  return u"ButtonGroup" + LongToText(group.groupIndex());
+}
+
+// A copy, since the host may replace the list from within a callback.
+Ref<clsObjectList> ButtonsOf(const clsButtonGroup& group) {
+  if (!group.buttons) RaiseError(Error_ObjectNotSet);
+  return group.buttons;
+}
+
+clsFaderCatch& FaderOf(const clsButton& button) {
+  return Cast<clsFaderCatch>(button.Fader().get());
+}
+
+template <class Action>
+void ForEachBumpButton(const clsButtonGroup& group, Action action) {
+  for (Object* item : ButtonsOf(group)->Snapshot()) {
+    clsButton& button = Cast<clsButton>(item);
+    if (IsFaderNumber(button.buttonIndex)) action(button);
+  }
+}
+
+}  // namespace
+
+clsPage::clsPage() = default;
+
+clsPage::~clsPage() = default;
+
+void clsPage::SetPageNamePrivate(std::u16string_view pageName) {
+  pageName_ = pageName;
+}
+
+Ref<clsButtonGroup> clsPage::ButtonGroups(std::int32_t which) const {
+  if (which < 0 || which >= kGroups) RaiseError(Error_SubscriptOutOfRange);
+  return buttonGroups_[static_cast<std::size_t>(which)];
+}
+
+void clsPage::Init(std::u16string_view appPath, IPageController* controller, std::u16string_view showName,
+                   std::u16string_view pageName, bool persist) {
+  appPath_ = appPath;
+  persist_ = persist;
+  controller_ = controller;
+  showName_ = showName;
+  pageName_ = pageName;
+  iniFile_ = MakeRef<clsIniFile>();
+  BindFile();
+  std::int32_t index = 0;
+  for (Ref<clsButtonGroup>& group : buttonGroups_) {
+    group = MakeRef<clsButtonGroup>();
+    group->Init(index++, controller);
+  }
+}
+
+void clsPage::saveSingleButton(clsButton* button) {
+  clsButton& saved = Cast<clsButton>(button);
+  const Ref<clsButtonGroup> group = Group(saved.groupIndex);
+  IniBatch batch(File().filename(), Sync::No);
+  File().UseSection(SectionName(*group));
+  WriteUsedIndices(*group);
+  WriteButton(saved);
+  batch.Commit();
+}
+
+void clsPage::saveButtonGroupToINI(std::int32_t groupIndex, bool withButtons) {
+  WriteGroup(*Group(groupIndex), withButtons);
+  platform::hostServices().PumpMessages();
+}
+
+void clsPage::saveToINI(std::int32_t onlyGroupIndex, bool withButtons) {
+  if (!persist_) return;
+  RequireFile(u"clsButtonGroupController.writeToINI");
+  if (onlyGroupIndex >= 0) return saveButtonGroupToINI(onlyGroupIndex, withButtons);
+  const Ref<clsPage> self(this);
+  for (std::int32_t g = 0; g < kGroups; ++g) saveButtonGroupToINI(g, withButtons);
+}
+
+void clsPage::loadFromINI() {
+  if (!persist_) return;
+  RequireFile(u"clsButtonGroupController.readFromINI");
+  const Ref<clsPage> self(this);
+  // For its reads alone: the file is read once.
+  const IniBatch batch(File().filename(), Sync::No);
+  for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(*Group(g));
+}
+
+void clsPage::GotFocus() {
+  const Ref<IPageController> controller = controller_.Lock();
+  if (!controller) return;
+  const Ref<clsPage> self(this);
+  TUIFaderValues positions;
+  controller->GetUIFaderValues(positions);
+  for (std::int32_t g = 1; g <= 8; ++g) {
+    const Ref<clsFaderCatch> fader = Group(g)->Fader();
+    const bool caught = fader->ResumeTracking(positions.GroupFaders[g]);
+    controller->UpdateFaderModelValue(FaderType_Group, g, fader->value(), caught);
+  }
+  ForEachBumpButton(*Group(kBumpGroup), [&](clsButton& button) {
+    const std::int32_t bump = button.buttonIndex;
+    const bool caught = FaderOf(button).ResumeTracking(positions.BumpFaders[bump]);
+    controller->UpdateFaderModelValue(FaderType_BumpFader, bump, button.faderValue(), caught, &button);
+  });
+}
+
+void clsPage::LostFocus() {
+  for (std::int32_t g = 1; g <= 8; ++g) Group(g)->Fader()->PauseTracking();
+  ForEachBumpButton(*Group(kBumpGroup), [](clsButton& button) { FaderOf(button).PauseTracking(); });
+}
+
+void clsPage::Rename(std::u16string_view newName) {
+  pageName_ = newName;
+  BindFile();
+  if (persist_) MakeFolder();
+}
+
+bool clsPage::TestWritable() {
+  return File().TestWritable();
+}
+
+std::int32_t clsPage::CompareTo(Object* other, std::u16string_view field) {
+  const clsPage& page = Cast<clsPage>(other);
+  return field == u"pageName" && pageName_ == page.pageName_ ? 0 : -1;
+}
+
+std::int32_t clsPage::FieldCompare(std::u16string_view fieldName, const Variant& value) {
+  if (fieldName != u"pageName") return -1;
+  const int order = pageName_.compare(ToText(value));
+  if (order == 0) return 0;
+  return order < 0 ? -1 : 1;
+}
+
+// As ButtonGroups, and there.
+Ref<clsButtonGroup> clsPage::Group(std::int32_t which) const {
+  Ref<clsButtonGroup> group = ButtonGroups(which);
+  if (!group) RaiseError(Error_ObjectNotSet);
+  return group;
+}
+
+clsIniFile& clsPage::File() const {
+  return Cast<clsIniFile>(iniFile_.get());
+}
+
+void clsPage::BindFile() {
+  File().UseFile(modUtils::PageSettingsPath(appPath_, showName_, pageName_));
+}
+
+void clsPage::MakeFolder() const {
+  const std::array<Variant, 4> parts{appPath_, u"Sequences", showName_, pageName_};
+  modUtils::CreateDirs(*modObjectList::StringListFromArray(parts));
+}
+
+void clsPage::RequireFile(std::u16string_view source) const {
+  if (iniFile_ && iniFile_->IsSet()) return;
+  throw Error(kNotBound, std::u16string(source), u"Must call setShowAndPage first");
+}
+
+void clsPage::WriteUsedIndices(const clsButtonGroup& group) {
+  std::u16string indices = IndexListText(*ButtonsOf(group));
+  modIniFile::WarnIfCutOnReading(File().filename(), SectionName(group), kIndicesKey, indices);
+  File().WriteString(kIndicesKey, indices);
+}
+
+void clsPage::WriteButton(clsButton& button) {
+  File().UseKeyPrefix(u"Button" + LongToText(button.buttonIndex));
+  button.saveToINI(&File());
+}
+
+void clsPage::WriteGroup(const clsButtonGroup& group, bool withButtons) {
+  IniBatch batch(File().filename(), withButtons ? Sync::Yes : Sync::No);
+  File().UseSection(SectionName(group));
+  File().WriteLong(u"pageOffset", group.pageOffset);
+  if (IsFaderNumber(group.groupIndex())) File().WriteLong(u"faderValue", group.Fader()->value());
+  if (withButtons) {
+    WriteUsedIndices(group);
+    for (Object* item : ButtonsOf(group)->Snapshot()) WriteButton(Cast<clsButton>(item));
+  }
+  batch.Commit();
+}
+
+void clsPage::LoadGroup(clsButtonGroup& group) {
+  ButtonsOf(group)->Clear();
+  File().UseSection(SectionName(group));
+  group.pageOffset = File().ReadLong(u"pageOffset", 0);
+  if (IsFaderNumber(group.groupIndex())) group.Fader()->SetValue(File().ReadLong(u"faderValue", 0), true);
+  for (const std::int32_t index : IndexListFromText(File().ReadString(kIndicesKey, u""))) {
+    LoadButton(group, index);
+  }
+}
+
+void clsPage::LoadButton(const clsButtonGroup& group, std::int32_t buttonIndex) {
+  // The section again: the callbacks of the button before may have used the file.
+  File().UseSection(SectionName(group));
+  File().UseKeyPrefix(u"Button" + LongToText(buttonIndex));
+  const auto button = MakeRef<clsButton>();
+  button->Init(controller_.Lock().get(), this);
+  button->loadFromINI(&File(), group.groupIndex(), buttonIndex);
+  ButtonsOf(group)->AddItem(button.get());
+}
+
+}  // namespace vestrel

@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "core/Convert.h"
+#include "core/Error.h"
+#include "model/ButtonLine.h"
+
+namespace vestrel {
+namespace {
+
+TEST(ButtonLineTest, JoinsTheSevenFieldsInOrder) {
+  EXPECT_EQ(ButtonLineText(
+                {u"Intro", ButtonType_Sequence, PlayState_On, BumpMode_Off, FaderMode_Dimmer, 100, false}),
+            u"Intro|1|1|0|0|100|False");
+  EXPECT_EQ(
+      ButtonLineText({u"", ButtonType_None, PlayState_Null, BumpMode_On, FaderMode_Proportional, -7, true}),
+      u"|999|999|1|2|-7|True");
+}
+
+TEST(ButtonLineTest, ReadsBackWhatItWrote) {
+  for (const ButtonLine& line :
+       {ButtonLine{u"Intro", ButtonType_Auto, PlayState_On, BumpMode_On, FaderMode_Speed, 42, true},
+        ButtonLine{u" Ünï=[x];\"q\" ", ButtonType_Timeline, PlayState_Null, BumpMode_Off, FaderMode_Dimmer,
+                   2147483647, false}}) {
+    ButtonLine read;
+    ASSERT_TRUE(ParseButtonLine(ButtonLineText(line), read));
+    EXPECT_EQ(read.name, line.name);
+    EXPECT_EQ(read.buttonType, line.buttonType);
+    EXPECT_EQ(read.playState, line.playState);
+    EXPECT_EQ(read.bumpMode, line.bumpMode);
+    EXPECT_EQ(read.faderMode, line.faderMode);
+    EXPECT_EQ(read.faderValue, line.faderValue);
+    EXPECT_EQ(read.locked, line.locked);
+  }
+}
+
+TEST(ButtonLineTest, TakesWhatTheConversionsTake) {
+  ButtonLine line;
+  ASSERT_TRUE(ParseButtonLine(u"|  2 | 1 |+1| 1.5 | 2.5e1 |tRuE", line));
+  EXPECT_EQ(line.name, u"");
+  EXPECT_EQ(line.buttonType, ButtonType_Multi);
+  EXPECT_EQ(line.playState, PlayState_On);
+  EXPECT_EQ(line.bumpMode, BumpMode_On);
+  EXPECT_EQ(line.faderMode, FaderMode_Proportional);
+  EXPECT_EQ(line.faderValue, 25);
+  EXPECT_TRUE(line.locked);
+  ASSERT_TRUE(ParseButtonLine(u"a|1|0|0|0|0|0", line));
+  EXPECT_FALSE(line.locked);
+  ASSERT_TRUE(ParseButtonLine(u"a|1|0|0|0|0|-1", line));
+  EXPECT_TRUE(line.locked);
+}
+
+TEST(ButtonLineTest, OtherThanSevenFieldsAreRefused) {
+  for (const std::u16string_view text : {u"", u"|", u"Intro", u"Intro|1|0|0|0|0", u"Intro|1|0|0|0|0|False|",
+                                         u"a|b|1|0|0|0|0|False", u"Intro,1,0,0,0,0,False", u"|||||||"}) {
+    ButtonLine line;
+    line.name = u"kept";
+    EXPECT_FALSE(ParseButtonLine(text, line)) << ToUtf8(text);
+    EXPECT_EQ(line.name, u"kept");
+  }
+}
+
+struct Malformed {
+  std::u16string_view text;
+  std::int32_t error;
+};
+
+TEST(ButtonLineTest, AFieldThatDoesNotConvertRaisesAndChangesNothing) {
+  const std::vector<Malformed> table = {
+      {u"n|x|0|0|0|0|False", Error_TypeMismatch},
+      {u"n||0|0|0|0|False", Error_TypeMismatch},
+      {u"n|1|off|0|0|0|False", Error_TypeMismatch},
+      {u"n|1|0|?|0|0|False", Error_TypeMismatch},
+      {u"n|1|0|0|1-|0|False", Error_TypeMismatch},
+      {u"n|1|0|0|0|1 0|False", Error_TypeMismatch},
+      {u"n|1|0|0|0|0|no", Error_TypeMismatch},
+      {u"n|1|0|0|0|0|", Error_TypeMismatch},
+      {u"||||||", Error_TypeMismatch},
+      {u"n|32768|0|0|0|0|False", Error_Overflow},
+      {u"n|1|0|-32769|0|0|False", Error_Overflow},
+      {u"n|1|0|0|40000|0|False", Error_Overflow},
+      {u"n|1|0|0|0|2147483648|False", Error_Overflow},
+      {u"n|1|2147483648|0|0|0|False", Error_Overflow},
+  };
+  for (const Malformed& row : table) {
+    ButtonLine line;
+    line.name = u"kept";
+    try {
+      ParseButtonLine(row.text, line);
+      ADD_FAILURE() << ToUtf8(row.text);
+    } catch (const Error& error) {
+      EXPECT_EQ(error.number(), row.error) << ToUtf8(row.text);
+    }
+    EXPECT_EQ(line.name, u"kept");
+  }
+}
+
+}  // namespace
+}  // namespace vestrel
