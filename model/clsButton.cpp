@@ -80,6 +80,14 @@ void clsButton::InitWithValues(clsPage* page, std::int32_t newGroupIndex, std::i
   buttonType = newButtonType;
 }
 
+Ref<clsPage> clsButton::Page() const {
+  return page_.Lock();
+}
+
+void clsButton::BelongTo(clsPage* page) {
+  page_ = page;
+}
+
 Ref<clsButton> clsButton::Copy(std::u16string* newName) {
   if (newName != nullptr && newName->empty()) *newName = name;
   const auto copy = MakeRef<clsButton>();

@@ -62,6 +62,10 @@ class clsButton : public virtual IComparable {
   // Init, then the four fields given (groupIndex 0 to 9, buttonIndex from 1; neither is checked).
   void InitWithValues(clsPage* page, std::int32_t groupIndex, std::int32_t buttonIndex,
                       std::u16string_view name, ButtonTypeEnum buttonType, IButtonEventHandler* eventHandler);
+  // The page that the button belongs to, none when there is none or it is gone.
+  Ref<clsPage> Page() const;
+  // Makes the button belong to another page. Its lists are the caller's business.
+  void BelongTo(clsPage* page);
   // A new button of the same page, group, index, type and handler, with first values otherwise. Without a
   // name, or with an empty one, it takes this button's name, and *newName receives it.
   Ref<clsButton> Copy(std::u16string* newName = nullptr);

@@ -6,7 +6,7 @@
 
 #include "core/Error.h"
 
-namespace vestrel::test {
+namespace vestrel::testing_support {
 
 // The number of the error that `operation` raises, 0 when it raises none.
 template <class Operation>
@@ -19,7 +19,7 @@ std::int32_t RaisedNumber(Operation&& operation) {
   return 0;
 }
 
-}  // namespace vestrel::test
+}  // namespace vestrel::testing_support
 
 #define EXPECT_RAISES(number, ...) \
-  EXPECT_EQ(::vestrel::test::RaisedNumber([&] { (void)(__VA_ARGS__); }), number)
+  EXPECT_EQ(::vestrel::testing_support::RaisedNumber([&] { (void)(__VA_ARGS__); }), number)
