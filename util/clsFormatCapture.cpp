@@ -5,7 +5,6 @@
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/Error.h"
-#include "core/clsObjectList.h"
 
 namespace vestrel {
 namespace {
@@ -15,8 +14,6 @@ bool IsDigit(char16_t unit) noexcept {
 }
 
 }  // namespace
-
-clsFormatCapture::~clsFormatCapture() = default;
 
 bool clsFormatCapture::DoMatch(std::u16string_view format_, std::u16string_view against) {
   items_ = MakeRef<clsObjectList>();

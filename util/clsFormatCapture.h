@@ -9,11 +9,10 @@
 
 #include "core/Object.h"
 #include "core/Ref.h"
+#include "core/clsObjectList.h"
 #include "util/clsFormatCaptureItem.h"
 
 namespace vestrel {
-
-class clsObjectList;
 
 class clsFormatCapture : public Object {
  public:
@@ -26,9 +25,6 @@ class clsFormatCapture : public Object {
   // than groups; false for a group that is no number, which keeps what was stored before it. Raises 6 for a
   // number that does not fit and 91 before the first DoMatch.
   bool ParseItems(std::span<std::int32_t> targets);
-
- protected:
-  ~clsFormatCapture() override;
 
  private:
   bool MatchChar(char16_t p, char16_t c);

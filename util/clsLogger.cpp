@@ -46,14 +46,13 @@ void clsLogger::AppendLine(const TextBuffer& line) {
   bool lossy = false;
   std::string bytes = platform::encoding().Narrow(line.view(), lossy);
   if (endIsUncertain_ && EndsInsideLine()) bytes.insert(0, "\r\n");
-  endIsUncertain_ = true;
   Write(bytes);
-  endIsUncertain_ = false;
 }
 
 void clsLogger::Write(std::string_view bytes) {
   std::unique_ptr<platform::File> file;
   CheckFileStatus(platform::files().Open(filename_, platform::OpenMode::Append, file), kSource, filename_);
+  endIsUncertain_ = true;
   while (!bytes.empty()) {
     std::size_t done = 0;
     const platform::FileStatus status = file->WriteAt(0, std::span(bytes.data(), bytes.size()), done);
@@ -63,6 +62,7 @@ void clsLogger::Write(std::string_view bytes) {
     if (done == 0) RaiseError(Error_DiskFull, kSource, filename_);
   }
   CheckFileStatus(file->Close(), kSource, filename_);
+  endIsUncertain_ = false;
 }
 
 bool clsLogger::EndsInsideLine() const {
