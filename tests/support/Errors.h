@@ -6,7 +6,7 @@
 
 #include "core/Error.h"
 
-namespace vestrel::testing_support {
+namespace vestrel::test {
 
 // The number of the error that `operation` raises, 0 when it raises none.
 template <class Operation>
@@ -19,7 +19,7 @@ std::int32_t RaisedNumber(Operation&& operation) {
   return 0;
 }
 
-}  // namespace vestrel::testing_support
+}  // namespace vestrel::test
 
 #define EXPECT_RAISES(number, ...) \
-  EXPECT_EQ(::vestrel::testing_support::RaisedNumber([&] { (void)(__VA_ARGS__); }), number)
+  EXPECT_EQ(::vestrel::test::RaisedNumber([&] { (void)(__VA_ARGS__); }), number)
