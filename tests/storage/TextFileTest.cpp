@@ -298,7 +298,7 @@ TEST_F(TextFileTest, AFailingSaveLeavesTheOldFile) {
     for (int nth = 1; nth < 100; ++nth) {
       files.Put(kFile, "old");
       files.FailCall(nth, FileStatus::DiskFull, always);
-      const std::int32_t error = testing_support::RaisedNumber([&] {
+      const std::int32_t error = test::RaisedNumber([&] {
         TextFile::Opened opened(kFile, TextFile::Mode::Output);
         TextFile::Output(opened.number()).WriteLine(u"new");
         opened.Close();

@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include "core/Error.h"
+#include "core/clsObjectList.h"
+#include "core/modObjectList.h"
+#include "storage/Folders.h"
+#include "tests/support/Errors.h"
+#include "tests/support/FakePlatform.h"
+#include "util/modLog.h"
+
+namespace vestrel {
+namespace {
+
+constexpr std::u16string_view kLog = u"C:\\log.txt";
+
+class FoldersTest : public test::TestPlatform {
+ protected:
+  void SetUp() override { modLog::Init(kLog); }
+  static void Create(std::u16string_view path) {
+    modUtils::CreateDirs(*modObjectList::StringListFromSplit(path, u"\\"));
+  }
+  std::string LoggedBy(std::u16string_view path) {
+    modLog::SetLogLevel(LogLevel_4_SPEW);
+    const std::size_t before = files.Get(kLog).size();
+    Create(path);
+    return files.Get(kLog).substr(before);
+  }
+};
+
+TEST_F(FoldersTest, SettingsLieInTheFoldersOfShowAndPage) {
+  EXPECT_EQ(modUtils::ShowFolder(u"C:\\app", u"Gala"), u"C:\\app\\Sequences\\Gala");
+  EXPECT_EQ(modUtils::ShowSettingsPath(u"C:\\app", u"Gala"), u"C:\\app\\Sequences\\Gala\\pageSetting.ini");
+  EXPECT_EQ(modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One"),
+            u"C:\\app\\Sequences\\Gala\\One\\pageSetting.ini");
+}
+
+TEST_F(FoldersTest, MakesOnlyTheLevelsThatAreMissing) {
+  files.PutFolder(u"C:\\app");
+  EXPECT_EQ(LoggedBy(u"C:\\app\\Gala"),
+            "[Spew] checking dir [C:]\r\n[Spew] dir [C:] already existed\r\n"
+            "[Spew] checking dir [C:\\app]\r\n[Spew] dir [C:\\app] already existed\r\n"
+            "[Spew] checking dir [C:\\app\\Gala]\r\n[Info] CreateDirs() created dir [C:\\app\\Gala]\r\n");
+  EXPECT_TRUE(files.Has(u"C:\\app\\Gala"));
+  EXPECT_EQ(files.Calls("MakeDirectory"), 1);
+}
+
+TEST_F(FoldersTest, MakesEveryLevelFromTheRootDown) {
+  Create(u"\\a\\b\\c");
+  EXPECT_TRUE(files.Has(u"\\a\\b\\c"));
+  EXPECT_EQ(files.Calls("MakeDirectory"), 3);
+}
+
+TEST_F(FoldersTest, AFileOfTheNameCountsAsTheFolder) {
+  files.Put(u"C:\\app", "file");
+  Create(u"C:\\app");
+  EXPECT_EQ(files.Get(u"C:\\app"), "file");
+  EXPECT_RAISES(Error_PathNotFound, Create(u"C:\\app\\Gala"));
+}
+
+TEST_F(FoldersTest, FailuresReachTheCaller) {
+  files.FailEvery("MakeDirectory", platform::FileStatus::AccessDenied);
+  EXPECT_RAISES(Error_PathFileAccess, Create(u"C:\\new"));
+}
+
+TEST_F(FoldersTest, NothingToMakeMakesNothing) {
+  modUtils::CreateDirs(*MakeRef<clsObjectList>());
+  EXPECT_EQ(files.Calls("MakeDirectory"), 0);
+}
+
+TEST_F(FoldersTest, DeleteIniTakesThePageFileAndLeavesTheFolder) {
+  const std::u16string page = modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One");
+  files.Put(page, "x");
+  modUtils::deleteINI(u"C:\\app", u"Gala", u"One");
+  EXPECT_FALSE(files.Has(page));
+  EXPECT_TRUE(files.Has(u"C:\\app\\Sequences\\Gala\\One"));
+  modUtils::deleteINI(u"C:\\app", u"Gala", u"One");
+  modUtils::deleteINI(u"C:\\app", u"Gala", u"none");
+}
+
+TEST_F(FoldersTest, AFileThatCannotBeDeletedIsAnError) {
+  files.Put(modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One"), "x");
+  files.FailEvery("Remove", platform::FileStatus::Busy);
+  EXPECT_RAISES(Error_PermissionDenied, modUtils::deleteINI(u"C:\\app", u"Gala", u"One"));
+}
+
+TEST_F(FoldersTest, TellsFilesFromFolders) {
+  files.Put(u"C:\\app\\f", "");
+  EXPECT_TRUE(modUtils::FileExists(u"C:\\app\\f"));
+  EXPECT_FALSE(modUtils::FileExists(u"C:\\app"));
+  EXPECT_TRUE(modUtils::PathExists(u"C:\\app"));
+  EXPECT_FALSE(modUtils::PathExists(u"C:\\none"));
+}
+
+}  // namespace
+}  // namespace vestrel
