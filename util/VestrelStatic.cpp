@@ -4,6 +4,7 @@
 #include "core/Cast.h"
 #include "core/Error.h"
 #include "core/modObjectList.h"
+#include "storage/Folders.h"
 #include "util/modLog.h"
 #include "util/modUtils.h"
 
@@ -68,6 +69,11 @@ std::u16string VestrelStatic::Basename(std::u16string_view filename, std::u16str
 
 std::u16string VestrelStatic::RemoveFileExt(std::u16string_view filename) const {
   return modUtils::RemoveFileExt(filename);
+}
+
+void VestrelStatic::deleteINI(std::u16string_view appPath, std::u16string_view showName,
+                              std::u16string_view pageName) const {
+  modUtils::deleteINI(appPath, showName, pageName);
 }
 
 std::int32_t VestrelStatic::globalToLocalControlIndex(std::int32_t buttonsPerGroup,

@@ -52,6 +52,10 @@ class VestrelStatic : public Object {
   std::u16string Basename(std::u16string_view filename, std::u16string_view delim = u"\\") const;
   // Everything before the last "."; empty for a name without one.
   std::u16string RemoveFileExt(std::u16string_view filename) const;
+  // Deletes the page file of a page, if it exists; the page's folder stays. Raises the file error of a file
+  // that cannot be deleted.
+  void deleteINI(std::u16string_view appPath, std::u16string_view showName,
+                 std::u16string_view pageName) const;
 
   // More index arithmetic (controller/ControlIndex.h).
   std::int32_t globalToLocalControlIndex(std::int32_t buttonsPerGroup, std::int32_t controlIndex) const;

@@ -586,6 +586,42 @@ TEST(clsObjectListTest, AStaleItemsEndMayUseTheList) {
   EXPECT_EQ(Shown(*list), "new late");
 }
 
+TEST(clsObjectListTest, CountsItsChanges) {
+  const Ref<clsObjectList> list = Longs({3, 1, 2});
+  const std::function<void()> changes[] = {[&] { list->AddItem(BoxLong(4).get()); },
+                                           [&] { list->AddItemBefore(BoxLong(5).get(), 0); },
+                                           [&] { list->Remove(0); },
+                                           [&] { list->SortInPlace(); },
+                                           [&] { list->Reverse(); },
+                                           [&] { list->ExtendWith(list.get()); },
+                                           [&] { list->Clear(); }};
+  for (const std::function<void()>& change : changes) {
+    const std::uint64_t before = list->Changes();
+    change();
+    EXPECT_GT(list->Changes(), before);
+  }
+  const std::uint64_t before = list->Changes();
+  list->FindObject(nullptr);
+  list->BeginIter();
+  list->Filter(Above(0).get());
+  EXPECT_EQ(list->Changes(), before);
+}
+
+TEST(clsObjectListTest, IsPutInAnotherOrderWithoutEvents) {
+  const Ref<clsObjectList> list = Texts({u"a", u"b", u"c"});
+  const Ref<RecordingObserver> observer = MakeRef<RecordingObserver>();
+  list->SetEventHandler(observer.get(), nullptr);
+  const Ref<clsIterator> iterator = list->BeginIter();
+  const ItemSnapshot items = list->Snapshot();
+  Object* const order[] = {items[2], items[0], items[1]};
+  list->Rearrange(order);
+  EXPECT_EQ(Shown(*list), "c a b");
+  EXPECT_TRUE(observer->events.empty());
+  std::u16string first;
+  EXPECT_TRUE(iterator->hasNextString(first));
+  EXPECT_EQ(first, u"a");
+}
+
 TEST(clsObjectListTest, ReleasesEverythingItHolds) {
   const long before = Object::LiveCount();
   {

@@ -74,6 +74,21 @@ TEST_F(VestrelStaticTest, TakesFileNamesApart) {
   EXPECT_EQ(facade->RemoveFileExt(u"README"), u"");
 }
 
+TEST_F(VestrelStaticTest, DeletesThePageFileOnly) {
+  const std::u16string folder = u"C:\\data\\Sequences\\Gala\\Page 1";
+  files.Put(folder + u"\\pageSetting.ini", "[x]");
+  files.Put(folder + u"\\Intro.MUL", "1,1");
+  facade->deleteINI(u"C:\\data", u"Gala", u"Page 1");
+  EXPECT_FALSE(files.Has(folder + u"\\pageSetting.ini"));
+  EXPECT_TRUE(files.Has(folder + u"\\Intro.MUL"));
+  facade->deleteINI(u"C:\\data", u"Gala", u"Page 1");
+}
+
+TEST_F(VestrelStaticTest, AnswersAButtonAsTheSameObject) {
+  const Ref<clsButton> button = MakeRef<clsButton>();
+  EXPECT_EQ(facade->AsButton(button.get()), button);
+}
+
 TEST_F(VestrelStaticTest, OtherObjectsAreNoButtons) {
   EXPECT_RAISES(13, facade->AsButton(BoxLong(1).get()));
   EXPECT_FALSE(facade->AsButton(nullptr));
