@@ -13,10 +13,9 @@ constexpr std::u16string_view kSource = u"TextFile";
 
 // Exactly one of the two.
 struct Entry {
+  std::u16string path;
   std::unique_ptr<TextOutput> output;
   std::unique_ptr<TextInput> input;
-
-  const std::u16string& path() const { return output ? output->path() : input->path(); }
 };
 
 using Table = std::map<std::int32_t, Entry>;
@@ -29,7 +28,7 @@ Table& Files() {
 // Reading a file that others read is the one case that may share.
 bool IsOpenAgainst(std::u16string_view path, Mode mode) {
   for (const auto& [number, entry] : Files()) {
-    if (entry.path() == path && (mode != Mode::Input || entry.output)) return true;
+    if (entry.path == path && (mode != Mode::Input || entry.output)) return true;
   }
   return false;
 }
@@ -58,6 +57,7 @@ void Open(std::int32_t number, std::u16string_view path, Mode mode) {
     RaiseError(Error_FileAlreadyOpen, kSource, path);
   }
   Entry entry;
+  entry.path = path;
   if (mode == Mode::Input) {
     entry.input = std::make_unique<TextInput>(path);
   } else {
@@ -69,13 +69,13 @@ void Open(std::int32_t number, std::u16string_view path, Mode mode) {
 
 TextOutput& Output(std::int32_t number) {
   const Entry& entry = Find(number);
-  if (!entry.output) RaiseError(Error_BadFileNameOrNumber, kSource, entry.path());
+  if (!entry.output) RaiseError(Error_BadFileNameOrNumber, kSource, entry.path);
   return *entry.output;
 }
 
 TextInput& Input(std::int32_t number) {
   const Entry& entry = Find(number);
-  if (!entry.input) RaiseError(Error_BadFileNameOrNumber, kSource, entry.path());
+  if (!entry.input) RaiseError(Error_BadFileNameOrNumber, kSource, entry.path);
   return *entry.input;
 }
 

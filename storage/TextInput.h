@@ -24,8 +24,6 @@ class TextInput {
   TextInput(const TextInput&) = delete;
   TextInput& operator=(const TextInput&) = delete;
 
-  const std::u16string& path() const noexcept { return path_; }
-
   std::u16string ReadText();
   // Fractions are rounded, halves to the even neighbour; #TRUE# is -1 and #FALSE# 0.
   std::int32_t ReadLong();

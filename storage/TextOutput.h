@@ -26,8 +26,6 @@ class TextOutput {
   TextOutput(const TextOutput&) = delete;
   TextOutput& operator=(const TextOutput&) = delete;
 
-  const std::u16string& path() const noexcept { return path_; }
-
   // Fields of the current line. A quote inside a text is written as it is, so such a text cannot be read
   // back.
   void WriteText(std::u16string_view value);
