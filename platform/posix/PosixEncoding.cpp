@@ -1,4 +1,5 @@
 // The narrow page is UTF-8.
+#include "platform/Ascii.h"
 #include "platform/System.h"
 
 namespace vestrel::platform {
@@ -80,6 +81,7 @@ void AppendUtf16(std::u16string& text, char32_t c) {
 class PosixEncoding final : public TextEncoding {
  public:
   std::string Narrow(std::u16string_view text, bool& lossy) override {
+    if (IsAscii(text)) return NarrowAscii(text);
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -98,6 +100,7 @@ class PosixEncoding final : public TextEncoding {
   }
 
   std::u16string Widen(std::string_view bytes) override {
+    if (IsAscii(bytes)) return WidenAscii(bytes);
     std::u16string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) AppendUtf16(text, TakeCharacter(bytes));

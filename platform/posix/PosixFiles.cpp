@@ -56,17 +56,17 @@ FileStatus StatusOfCall(int result) {
 
 // The system's form of a path: "/" for every run of separators. Empty for a path that it cannot hold.
 std::string SystemPath(std::u16string_view path) {
-  std::u16string mapped;
-  mapped.reserve(path.size());
-  for (const char16_t unit : path) {
-    if (unit == u'\0') return {};
-    const bool separator = unit == u'\\' || unit == u'/';
-    if (separator && !mapped.empty() && mapped.back() == u'/') continue;
-    mapped += separator ? u'/' : unit;
-  }
   bool lossy = false;
-  std::string result = SystemEncoding().Narrow(mapped, lossy);
-  return lossy ? std::string() : result;
+  std::string name = SystemEncoding().Narrow(path, lossy);
+  std::size_t length = 0;
+  for (const char byte : name) {
+    if (byte == '\0') return {};
+    const bool separator = byte == '\\' || byte == '/';
+    if (separator && length > 0 && name[length - 1] == '/') continue;
+    name[length++] = separator ? '/' : byte;
+  }
+  name.resize(length);
+  return lossy ? std::string() : name;
 }
 
 bool FolderOfExists(const std::string& path) {

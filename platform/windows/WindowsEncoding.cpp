@@ -1,4 +1,5 @@
 // The narrow page is the system's ANSI code page.
+#include "platform/Ascii.h"
 #include "platform/System.h"
 #include "platform/windows/WindowsText.h"
 
@@ -29,7 +30,7 @@ void ReplaceUnpairedSurrogates(std::wstring& text, bool& lossy) {
 class WindowsEncoding final : public TextEncoding {
  public:
   std::string Narrow(std::u16string_view text, bool& lossy) override {
-    if (text.empty()) return {};
+    if (IsAscii(text)) return NarrowAscii(text);
     std::wstring wide = ToWide(text);
     ReplaceUnpairedSurrogates(wide, lossy);
     const bool utf8 = GetACP() == CP_UTF8;
@@ -46,7 +47,7 @@ class WindowsEncoding final : public TextEncoding {
   }
 
   std::u16string Widen(std::string_view bytes) override {
-    if (bytes.empty()) return {};
+    if (IsAscii(bytes)) return WidenAscii(bytes);
     std::wstring wide(bytes.size(), L'\0');
     const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()),
                                            wide.data(), static_cast<int>(wide.size()));
