@@ -41,11 +41,11 @@ void Measure(benchmark::State& state, const Case& measured) {
   state.counters["items"] = static_cast<double>(measured.items);
 }
 
-// Keeps the medians and lets the console show them.
-class Collector : public benchmark::ConsoleReporter {
+// Keeps the medians.
+class Collector : public benchmark::BenchmarkReporter {
  public:
+  bool ReportContext(const Context& /*context*/) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
       if (run.error_occurred) throw std::runtime_error(run.benchmark_name());
       if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
@@ -56,22 +56,16 @@ class Collector : public benchmark::ConsoleReporter {
   }
 };
 
-std::string Time(double nanoseconds) {
+std::string Number(double value) {
   char text[32];
-  if (nanoseconds < 1e3) {
-    std::snprintf(text, sizeof text, "%.3g ns", nanoseconds);
-  } else if (nanoseconds < 1e6) {
-    std::snprintf(text, sizeof text, "%.3g us", nanoseconds / 1e3);
-  } else {
-    std::snprintf(text, sizeof text, "%.3g ms", nanoseconds / 1e6);
-  }
+  std::snprintf(text, sizeof text, "%.3g", value);
   return text;
 }
 
-std::string Number(const char* format, double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, format, value);
-  return text;
+std::string Time(double nanoseconds) {
+  if (nanoseconds < 999.5) return Number(nanoseconds) + " ns";
+  if (nanoseconds < 999.5e3) return Number(nanoseconds / 1e3) + " us";
+  return Number(nanoseconds / 1e6) + " ms";
 }
 
 // figure | ours | other and its figure | ratio | target | result
@@ -83,22 +77,21 @@ Row RowOf(const Claim& claim) {
       program().nanoseconds.at({claim.what + "|" + claim.other, claim.size}) * claim.otherTimes;
   const std::string others = claim.other + ": " + Time(other);
   const bool faster = claim.kind == Kind::TimesFaster || (claim.kind == Kind::Shown && other > ours);
-  const std::string ratio =
-      faster ? Number("%.3g times faster", other / ours) : Number("%.3g times", ours / other);
+  const std::string ratio = faster ? Number(other / ours) + " times faster" : Number(ours / other) + " times";
   switch (claim.kind) {
     case Kind::TimesFaster:
       return {claim.figure,
               Time(ours),
               others,
               ratio,
-              Number("at least %.3g times faster", claim.factor),
+              "at least " + Number(claim.factor) + " times faster",
               other / ours >= claim.factor ? "met" : "not met"};
     case Kind::AtMostTimes:
       return {claim.figure,
               Time(ours),
               others,
               ratio,
-              Number("at most %.3g times", claim.factor),
+              "at most " + Number(claim.factor) + " times",
               ours / other <= claim.factor ? "met" : "not met"};
     case Kind::Shown:
       break;
@@ -109,13 +102,13 @@ Row RowOf(const Claim& claim) {
 Row RowOf(const Amount& amount) {
   const std::string unit = " " + amount.unit;
   Row row{amount.figure,
-          Number("%.4g", amount.ours) + unit,
-          amount.other + ": " + Number("%.4g", amount.others) + unit,
-          Number("%.3g times", amount.ours / amount.others),
+          Number(amount.ours) + unit,
+          amount.other + ": " + Number(amount.others) + unit,
+          Number(amount.ours / amount.others) + " times",
           "",
           ""};
   if (amount.limit > 0) {
-    row[4] = "at most " + Number("%.4g", amount.limit) + unit;
+    row[4] = "at most " + Number(amount.limit) + unit;
     row[5] = amount.ours <= amount.limit ? "met" : "not met";
   }
   return row;
@@ -137,7 +130,7 @@ void ReportPoints(std::FILE* out) {
     const std::size_t bar = point.first.find('|');
     Write(out, "point",
           {point.first.substr(0, bar), point.first.substr(bar + 1), std::to_string(point.second),
-           Number("%.6g", nanoseconds)});
+           Number(nanoseconds)});
   }
 }
 
