@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Cast.h"
+#include "core/Convert.h"
 #include "core/clsDictionary.h"
 #include "recording/clsRecordController.h"
 #include "tests/support/FakePlatform.h"
