@@ -46,6 +46,11 @@ class Walk {
     if (good_) ++at_;
   }
 
+  void EndLine() noexcept {
+    if (at_ != end_ && *at_ == '\r') ++at_;
+    Expect('\n');
+  }
+
   template <class Integer>
   void Read(Integer& value) noexcept {
     const bool negative = at_ != end_ && *at_ == '-';
@@ -72,7 +77,7 @@ class Walk {
     good_ = good_ && next != digits;
     value = static_cast<float>(negative ? -whole : whole);
     at_ = next;
-    const bool isWhole = next != end_ && (*next == ',' || *next == '\r');
+    const bool isWhole = next != end_ && (*next == ',' || *next == '\r' || *next == '\n');
     if (good_ && (!isWhole || (negative && whole == 0))) ReadAny(start, value);
   }
 
@@ -101,11 +106,12 @@ class Walk {
 
 }  // namespace
 
-char* WriteEventLine(char* out, const EventLine& line) {
+char* WriteEventLine(char* out, const EventLine& line, std::u16string_view asciiName) {
   out = WriteNumber(out, line.time);
   *out++ = ',';
   *out++ = '"';
-  out = std::copy(line.name.begin(), line.name.end(), out);
+  out = std::transform(asciiName.begin(), asciiName.end(), out,
+                       [](char16_t unit) { return static_cast<char>(unit); });
   *out++ = '"';
   *out++ = ',';
   out = WriteNumber(out, line.eventType);
@@ -137,8 +143,7 @@ std::size_t ReadEventLine(std::string_view bytes, EventLine& line) noexcept {
   walk.Read(line.x);
   walk.Expect(',');
   walk.Read(line.y);
-  walk.Expect('\r');
-  walk.Expect('\n');
+  walk.EndLine();
   return walk.good() ? static_cast<std::size_t>(walk.at() - bytes.data()) : 0;
 }
 

@@ -23,11 +23,12 @@ struct EventLine {
 // More bytes than the line takes beside its name.
 inline constexpr std::size_t kEventLineRoom = 128;
 
-// Writes the line at `out`, which has kEventLineRoom bytes more than the name; answers its end.
-char* WriteEventLine(char* out, const EventLine& line);
+// Writes the line at `out`, which has kEventLineRoom bytes more than the name; answers its end. The name is
+// given apart, in ASCII, which is the same in every narrow code page.
+char* WriteEventLine(char* out, const EventLine& line, std::u16string_view asciiName);
 
 // Reads the line that `bytes` begin with and answers how many of them it took. 0 when it is not whole or not
-// in the form that WriteEventLine gives it.
+// in the form that WriteEventLine gives it; its line break may be a bare LF, though.
 std::size_t ReadEventLine(std::string_view bytes, EventLine& line) noexcept;
 
 }  // namespace vestrel

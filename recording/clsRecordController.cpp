@@ -4,6 +4,7 @@
 #include "core/Error.h"
 #include "platform/Platform.h"
 #include "recording/Timecode.h"
+#include "storage/TextFile.h"
 #include "util/modLog.h"
 
 namespace vestrel {
@@ -103,6 +104,19 @@ void clsRecordController::ClearEvents() {
 
 void clsRecordController::SetRecordMode(RecordModeEnum mode) {
   Events()->SetRecordMode(mode);
+}
+
+void clsRecordController::SaveEventsTo(std::u16string_view filename) {
+  const Ref<vxEventList> list = Events();
+  TextFile::Opened file(filename, TextFile::Mode::Output);
+  list->WriteToFile(file.number());
+  file.Close();
+}
+
+void clsRecordController::LoadEventsFrom(std::u16string_view filename, clsDictionary* buttonMap) {
+  const Ref<vxEventList> list = Events();
+  const TextFile::Opened file(filename, TextFile::Mode::Input);
+  list->ReadFromFile(file.number(), buttonMap);
 }
 
 void clsRecordController::TimerTick() {

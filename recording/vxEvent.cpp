@@ -1,6 +1,7 @@
 #include "recording/vxEvent.h"
 
-#include "core/Error.h"
+#include "recording/EventFile.h"
+#include "storage/TextFile.h"
 
 namespace vestrel {
 namespace {
@@ -31,6 +32,14 @@ void vxEvent::SetExtras(std::int16_t pMouseButton, std::int16_t pShift, float pX
   shift = pShift;
   x = pX;
   y = pY;
+}
+
+bool vxEvent::ReadFromFile(std::int16_t f, clsDictionary* buttonMap) {
+  return EventReader(TextFile::Input(f), buttonMap).Read(*this);
+}
+
+void vxEvent::WriteToFile(std::int16_t f) {
+  WriteEvent(TextFile::Output(f), *this);
 }
 
 }  // namespace vestrel

@@ -2,6 +2,8 @@
 
 #include "core/Cast.h"
 #include "core/Error.h"
+#include "recording/EventFile.h"
+#include "storage/TextFile.h"
 #include "util/modLog.h"
 
 namespace vestrel {
@@ -138,6 +140,25 @@ void vxEventList::ChangeEventTime(std::int32_t eventIndex, std::int32_t newTime)
   const Ref<clsObjectList> list(&Events());
   Cast<vxEvent>(list->GetItem(eventIndex).get()).SetTime(newTime);
   order_.Sort(*list);
+}
+
+void vxEventList::WriteToFile(std::int16_t f) {
+  TextOutput& out = TextFile::Output(f);
+  const ItemSnapshot items = Events().Snapshot();
+  out.WriteLong(items.size());
+  out.EndLine();
+  for (Object* item : items) WriteEvent(out, Cast<vxEvent>(item));
+}
+
+void vxEventList::ReadFromFile(std::int16_t f, clsDictionary* buttonMap) {
+  TextInput& in = TextFile::Input(f);
+  events_ = MakeRef<clsObjectList>();
+  order_.Forget();
+  EventReader reader(in, buttonMap);
+  for (std::int32_t left = in.ReadLong(); left > 0; --left) {
+    const Ref<vxEvent> ev = MakeRef<vxEvent>();
+    if (reader.Read(*ev)) events_->AddItem(ev.get());
+  }
 }
 
 std::int32_t vxEventList::Compare(Object* a, Object* b) {

@@ -14,7 +14,8 @@ namespace {
 
 std::string Written(const EventLine& line) {
   std::string bytes(line.name.size() + kEventLineRoom, '#');
-  bytes.resize(static_cast<std::size_t>(WriteEventLine(bytes.data(), line) - bytes.data()));
+  bytes.resize(
+      static_cast<std::size_t>(WriteEventLine(bytes.data(), line, FromUtf8(line.name)) - bytes.data()));
   return bytes;
 }
 
@@ -65,6 +66,18 @@ TEST(EventLineTest, ReadsBackWhatItWrites) {
   }
 }
 
+TEST(EventLineTest, TakesABareLineFeed) {
+  EventLine line;
+  EXPECT_EQ(ReadEventLine("7,\"a\",1,2,3,4,5\n8", line), 16U);
+  EXPECT_EQ(line.time, 7);
+  EXPECT_EQ(line.name, "a");
+  EXPECT_EQ(line.eventType, 1);
+  EXPECT_EQ(line.mouseButton, 2);
+  EXPECT_EQ(line.shift, 3);
+  EXPECT_EQ(line.x, 4);
+  EXPECT_EQ(line.y, 5);
+}
+
 // What the general reading must decide: other forms that are allowed, and malformed ones.
 TEST(EventLineTest, LeavesEveryOtherFormAlone) {
   for (const char* bytes : {
@@ -74,7 +87,7 @@ TEST(EventLineTest, LeavesEveryOtherFormAlone) {
            "1,\"a\",0,0,0,0",
            "1,\"a\",0,0,0,0,0",
            "1,\"a\",0,0,0,0,0\r",
-           "1,\"a\",0,0,0,0,0\n",
+
            "1,\"a\",0,0,0,0,0,\r\n",
            " 1,\"a\",0,0,0,0,0\r\n",
            "1, \"a\",0,0,0,0,0\r\n",
