@@ -29,7 +29,7 @@ class JournalButtons : public IButtonEventHandler {
                        std::to_string(eventSource) + " " + std::to_string(mouseButton) + " " +
                        std::to_string(shift) + " " + std::to_string(static_cast<int>(x)) + " " +
                        std::to_string(static_cast<int>(y)) + (suppressSave ? " unsaved" : ""));
-    if (onChange) onChange(button);
+    if (const auto work = onChange) work(button);
   }
 
   std::function<void(clsButton*)> onChange;
@@ -75,7 +75,8 @@ class JournalBar : public IRecordEventHandler {
  private:
   void Note(const std::string& text) {
     journal_.push_back(text);
-    if (onNote) onNote(text);
+    // A copy, because what it does may replace it.
+    if (const auto work = onNote) work(text);
   }
 
   Journal& journal_;

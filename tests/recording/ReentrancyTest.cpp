@@ -1,0 +1,227 @@
+// Hosts that call back into the recorder from within its callbacks: whatever they do, nothing is lost that
+// they still hold, nothing is touched that is gone, and the recorder works on afterwards.
+#include <gmock/gmock.h>
+
+#include "tests/recording/RecordingFixture.h"
+
+namespace vestrel {
+namespace {
+
+using test::ErrorOf;
+using testing::ElementsAre;
+
+class ReentrancyTest : public test::RecordingFixture {
+ protected:
+  ReentrancyTest() {
+    clock.ticks = 0;
+    recorder->Init(bar.get());
+    map->Add(u"a", Button(u"a").get());
+    files.Put(u"C:\\take.txt", "1\r\n15,\"a\",0,0,0,0,0\r\n");
+  }
+
+  void Fill() {
+    const char16_t* const names[] = {u"a", u"b", u"c", u"d"};
+    for (std::int32_t i = 0; i < 4; ++i) {
+      recorder->EventList()->AddItem(Event(10 * (i + 1), names[i]).get());
+    }
+  }
+  void Tick(std::uint32_t milliseconds) {
+    clock.ticks += milliseconds;
+    recorder->TimerTick();
+  }
+  // Does `work` at the first report that is `text`.
+  void At(const std::string& text, std::function<void()> work) {
+    bar->onNote = [this, text, work = std::move(work)](const std::string& note) {
+      if (note != text) return;
+      bar->onNote = nullptr;
+      work();
+    };
+  }
+
+  Ref<test::JournalBar> bar = MakeRef<test::JournalBar>(journal);
+  Ref<clsRecordController> recorder = MakeRef<clsRecordController>();
+  Ref<clsDictionary> map = MakeRef<clsDictionary>();
+};
+
+TEST_F(ReentrancyTest, ClearingWhileAnEventFiresEndsTheTick) {
+  Fill();
+  recorder->Play();
+  At("playing 20 #1", [&] { recorder->ClearEvents(); });
+  TakeJournal();
+  Tick(100);
+  EXPECT_THAT(journal, ElementsAre("timecode 100", "a on 2 0 0 0 0", "playing 10 #0", "b on 2 0 0 0 0",
+                                   "playing 20 #1"));
+}
+
+TEST_F(ReentrancyTest, LoadingWhileAnEventFiresGoesOnInTheNewList) {
+  Fill();
+  recorder->Play();
+  At("playing 10 #0", [&] {
+    files.Put(u"C:\\take.txt", "2\r\n1,\"a\",0,0,0,0,0\r\n2,\"a\",1,0,0,0,0\r\n");
+    recorder->LoadEventsFrom(u"C:\\take.txt", map.get());
+  });
+  TakeJournal();
+  Tick(12);
+  EXPECT_THAT(journal, ElementsAre("timecode 12", "a on 2 0 0 0 0", "playing 10 #0", "playing 2 #1"));
+}
+
+TEST_F(ReentrancyTest, RemovingAndAddingWhileAnEventFiresIsSeenAtOnce) {
+  Fill();
+  recorder->Play();
+  At("playing 10 #0", [&] {
+    recorder->EventList()->Remove(1);
+    recorder->EventList()->AddItem(Event(50, u"e").get());
+  });
+  TakeJournal();
+  Tick(60);
+  EXPECT_THAT(journal,
+              ElementsAre("timecode 60", "a on 2 0 0 0 0", "playing 10 #0", "c on 2 0 0 0 0", "playing 30 #1",
+                          "d on 2 0 0 0 0", "playing 40 #2", "e on 2 0 0 0 0", "playing 50 #3"));
+}
+
+TEST_F(ReentrancyTest, TheEventThatFiresMayLoseItsButton) {
+  Fill();
+  recorder->Play();
+  buttons->onChange = [&](clsButton*) {
+    const Ref<clsObjectList> list = recorder->EventList();
+    for (std::int32_t i = 0; i < list->Size(); ++i) Cast<vxEvent>(list->GetItem(i).get()).button = nullptr;
+    list->Clear();
+    while (list->Size() < 4) list->AddItem(Event(99, nullptr).get());  // lets go of the vacated slots
+  };
+  Tick(10);
+  EXPECT_EQ(recorder->EventList()->Size(), 4);
+}
+
+TEST_F(ReentrancyTest, StoppingWhileAnEventFiresRewindsTheNextTick) {
+  Fill();
+  recorder->Play();
+  At("playing 20 #1", [&] { recorder->Stop_(); });
+  TakeJournal();
+  Tick(25);
+  EXPECT_THAT(journal, ElementsAre("timecode 25", "a on 2 0 0 0 0", "playing 10 #0", "b on 2 0 0 0 0",
+                                   "playing 20 #1", "timecode 0", "timer off", "state 0", "playing 20 #1"));
+}
+
+TEST_F(ReentrancyTest, EndingAnOverwriteTakeWhileItRecordsReplacesTheList) {
+  Fill();
+  recorder->SetRecordMode(RecordMode_Overwrite);
+  recorder->Record();
+  const Ref<clsButton> button = Button(u"new");
+  Tick(15);
+  At("recorded 15", [&] { recorder->Record(); });
+  recorder->ButtonPlaystateChanged(button.get(), PSEventSource_User, 0, 0, 0, 0);
+  EXPECT_EQ(Text(*recorder->EventList()), "15 new, 20 b, 30 c, 40 d");
+}
+
+TEST_F(ReentrancyTest, BeginningATakeWhileOneIsMergedKeepsTheNewOne) {
+  class Restart : public IObjListEventHandler {
+   public:
+    VESTREL_OBJECT(Restart, IObjListEventHandler)
+    std::function<void()> work;
+    void ItemAdded(clsObjectList* /*list*/, Object* /*item*/, std::int32_t /*at*/,
+                   Object* /*data*/) override {
+      if (work) std::exchange(work, nullptr)();
+    }
+  };
+  const Ref<Restart> restart = MakeRef<Restart>();
+  recorder->EventList()->SetEventHandler(restart.get(), nullptr);
+  const Ref<clsButton> button = Button(u"x");
+  recorder->Record();
+  recorder->ButtonPlaystateChanged(button.get(), PSEventSource_User, 0, 0, 0, 0);
+  const Ref<vxEventList> list = MakeRef<vxEventList>();
+  list->Init(nullptr);
+  list->events()->SetEventHandler(restart.get(), nullptr);
+  list->StartRecording();
+  list->AddEvent(Event(1, u"first").get());
+  restart->work = [&] { list->StartRecording(); };
+  list->StopRecording();
+  list->AddEvent(Event(2, u"second").get());
+  list->StopRecording();
+  EXPECT_EQ(Text(*list->events()), "1 first, 2 second");
+}
+
+TEST_F(ReentrancyTest, TheRecorderMayBeReleasedByAnyCallback) {
+  const std::vector<std::pair<std::string, std::function<void(clsRecordController*)>>> cases = {
+      {"timecode 40", [](clsRecordController* r) { r->TimerTick(); }},
+      {"playing 10 #0", [](clsRecordController* r) { r->TimerTick(); }},
+      {"timer off", [](clsRecordController* r) { r->Stop_(); }},
+      {"timecode 0", [](clsRecordController* r) { r->Stop_(); }},
+      {"state 2", [](clsRecordController* r) { r->Play(); }},
+      {"state 1 recording", [](clsRecordController* r) { r->Record(); }},
+      {"refresh", [](clsRecordController* r) { r->updateEventTime(0, 5); }},
+  };
+  for (const auto& [report, operation] : cases) {
+    recorder = MakeRef<clsRecordController>();
+    clock.ticks = 0;
+    recorder->Init(bar.get());
+    Fill();
+    recorder->Play();
+    clock.ticks = 40;
+    At(report, [&] { recorder = nullptr; });
+    operation(recorder.get());
+    EXPECT_FALSE(recorder) << report;
+  }
+}
+
+// Every operation from within every callback.
+TEST_F(ReentrancyTest, EveryOperationMayBeCalledFromEveryCallback) {
+  const std::vector<std::function<void(clsRecordController&)>> operations = {
+      [](clsRecordController& r) { r.EventList(); },
+      [&](clsRecordController& r) { r.Init(bar.get()); },
+      [](clsRecordController& r) { r.ChangePlaystate(Stopped); },
+      [](clsRecordController& r) { r.ChangePlaystate(playing); },
+      [](clsRecordController& r) { r.ChangePlaystate(Paused); },
+      [](clsRecordController& r) { r.Play(); },
+      [](clsRecordController& r) { r.Record(); },
+      [](clsRecordController& r) { r.Stop_(); },
+      [](clsRecordController& r) { r.ClearEvents(); },
+      [](clsRecordController& r) { r.SetRecordMode(RecordMode_Overwrite); },
+      [](clsRecordController& r) { r.SetRecordMode(RecordMode_Merge); },
+      [](clsRecordController& r) { r.SaveEventsTo(u"C:\\saved.txt"); },
+      [&](clsRecordController& r) { r.LoadEventsFrom(u"C:\\take.txt", map.get()); },
+      [](clsRecordController& r) { r.TimerTick(); },
+      [](clsRecordController& r) { r.SeekToEventIndex(0); },
+      [](clsRecordController& r) { r.updateEventTime(0, 33); },
+  };
+  const std::string callbacks[] = {"timecode", "timer", "state", "recorded", "playing", "refresh", "button"};
+  for (const std::string& callback : callbacks) {
+    for (const auto& operation : operations) {
+      clock.ticks = 0;
+      recorder->Init(bar.get());
+      Fill();
+      int depth = 0;
+      const auto nested = [&] {
+        if (++depth == 1) ErrorOf([&] { operation(*recorder); });
+        --depth;
+      };
+      bar->onNote = [&](const std::string& note) {
+        if (note.rfind(callback, 0) == 0) nested();
+      };
+      buttons->onChange = [&](clsButton*) {
+        if (callback == "button") nested();
+      };
+      const Ref<clsButton> button = Button(u"user");
+      for (int round = 0; round < 3; ++round) {
+        ErrorOf([&] { recorder->Record(); });
+        ErrorOf([&] { Tick(15); });
+        ErrorOf([&] { recorder->ButtonPlaystateChanged(button.get(), PSEventSource_User, 0, 0, 0, 0); });
+        ErrorOf([&] { Tick(15); });
+        ErrorOf([&] { recorder->Play(); });
+        ErrorOf([&] { recorder->updateEventTime(0, 12); });
+        ErrorOf([&] { recorder->Stop_(); });
+      }
+      bar->onNote = nullptr;
+      buttons->onChange = nullptr;
+      recorder->Stop_();
+      recorder->Play();
+      recorder->Stop_();
+      TakeJournal();
+      recorder->Play();
+      Tick(1);
+      EXPECT_THAT(journal, testing::Contains("timecode 1")) << callback;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vestrel
