@@ -1,0 +1,66 @@
+#include "workbench/commands/FileWatch.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+namespace vestrel::workbench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Contents(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::string Utf8(const fs::path& path) {
+  const std::u8string text = path.generic_u8string();
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+std::string_view FileChangeText(FileChangeKind kind) {
+  switch (kind) {
+    case FileChangeKind::Made:
+      return "new";
+    case FileChangeKind::Changed:
+      return "changed";
+    default:
+      return "deleted";
+  }
+}
+
+FileWatch::FileWatch(fs::path folder) : folder_(std::move(folder)), seen_(Look()) {}
+
+std::vector<FileChange> FileWatch::TakeChanges() {
+  Picture now = Look();
+  std::vector<FileChange> changes;
+  for (const auto& [path, contents] : now) {
+    const auto before = seen_.find(path);
+    if (before == seen_.end()) {
+      changes.push_back({path, FileChangeKind::Made});
+    } else if (before->second != contents) {
+      changes.push_back({path, FileChangeKind::Changed});
+    }
+  }
+  for (const auto& [path, contents] : seen_) {
+    if (!now.contains(path)) changes.push_back({path, FileChangeKind::Deleted});
+  }
+  std::sort(changes.begin(), changes.end(), [](const auto& a, const auto& b) { return a.path < b.path; });
+  seen_ = std::move(now);
+  return changes;
+}
+
+FileWatch::Picture FileWatch::Look() const {
+  Picture picture;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder_)) {
+    if (entry.is_regular_file())
+      picture.emplace(Utf8(entry.path().lexically_relative(folder_)), Contents(entry));
+  }
+  return picture;
+}
+
+}  // namespace vestrel::workbench

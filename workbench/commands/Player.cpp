@@ -1,0 +1,65 @@
+#include "workbench/commands/Player.h"
+
+#include <exception>
+#include <istream>
+#include <string>
+#include <vector>
+
+#include "workbench/commands/Word.h"
+
+namespace vestrel::workbench {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+const Operation& Known(const OperationTable& table, const Word& name) {
+  if (const Operation* operation = table.Find(name.text)) return *operation;
+  const std::string_view similar = table.Similar(name.text);
+  throw BadCommand("unknown operation \"" + name.text + "\"" +
+                   (similar.empty() ? "" : "; did you mean " + std::string(similar) + "?"));
+}
+
+}  // namespace
+
+void Player::Play(std::istream& commands) {
+  std::string line;
+  while (std::getline(commands, line)) {
+    if (lineNumber_ == 0 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+    PlayLine(line);
+  }
+}
+
+void Player::PlayLine(std::string_view line) {
+  ++lineNumber_;
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  const std::string_view command = CommandPart(line);
+  if (!command.empty()) {
+    Perform(command);
+  } else if (tellsStory_) {
+    printer_.Plain(line);
+  }
+}
+
+void Player::Perform(std::string_view command) {
+  printer_.Command(command);
+  try {
+    printer_.Result(Invoke(command));
+    return;
+  } catch (const BadCommand& bad) {
+    printer_.Rejected(lineNumber_, bad.what());
+  } catch (const Error& error) {
+    printer_.Failed(error);
+  } catch (const std::exception& failure) {
+    printer_.Failed(failure.what());
+  }
+  ++failures_;
+}
+
+Outcome Player::Invoke(std::string_view command) {
+  const std::vector<Word> words = SplitLine(command);
+  const Operation& operation = Known(table_, words.front());
+  return operation.invoke(session_, std::span(words).subspan(1));
+}
+
+}  // namespace vestrel::workbench
