@@ -90,7 +90,7 @@ void clsButton::BelongTo(clsPage* page) {
 
 Ref<clsButton> clsButton::Copy(std::u16string* newName) {
   if (newName != nullptr && newName->empty()) *newName = name;
-  const auto copy = MakeRef<clsButton>();
+  auto copy = MakeRef<clsButton>();
   copy->InitWithValues(page_.Lock().get(), groupIndex, buttonIndex, newName != nullptr ? *newName : name,
                        buttonType, eventHandler_.Lock().get());
   return copy;

@@ -40,7 +40,7 @@ clsFaderCatch& FaderOf(const clsButton& button) {
 template <class Action>
 void ForEachBumpButton(const clsButtonGroup& group, Action action) {
   for (Object* item : ButtonsOf(group)->Snapshot()) {
-    clsButton& button = Cast<clsButton>(item);
+    auto& button = Cast<clsButton>(item);
     if (IsFaderNumber(button.buttonIndex)) action(button);
   }
 }
@@ -77,7 +77,7 @@ void clsPage::Init(std::u16string_view appPath, IPageController* controller, std
 }
 
 void clsPage::saveSingleButton(clsButton* button) {
-  clsButton& saved = Cast<clsButton>(button);
+  auto& saved = Cast<clsButton>(button);
   const Ref<clsButtonGroup> group = Group(saved.groupIndex);
   IniBatch batch(File().filename(), Sync::No);
   File().UseSection(SectionName(*group));
