@@ -38,7 +38,7 @@ bool vxEvent::ReadFromFile(std::int16_t f, clsDictionary* buttonMap) {
   return EventReader(TextFile::Input(f), buttonMap).Read(*this);
 }
 
-void vxEvent::WriteToFile(std::int16_t f) {
+void vxEvent::WriteToFile(std::int16_t f) const {
   WriteEvent(TextFile::Output(f), *this);
 }
 

@@ -46,7 +46,7 @@ class vxEvent : public Object {
   bool ReadFromFile(std::int16_t f, clsDictionary* buttonMap);
   // Writes its line to f, the number of a text file open for output. Raises 91 without a button, 52 for a
   // number that is not open, and the file's own errors.
-  void WriteToFile(std::int16_t f);
+  void WriteToFile(std::int16_t f) const;
 
   // How often the time of any event of this thread changed: while it stands still, a list that was found
   // sorted still is.

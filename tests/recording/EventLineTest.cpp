@@ -38,7 +38,7 @@ TEST(EventLineTest, WritesSevenFields) {
 TEST(EventLineTest, WritesFloatsAsTheCommonRuleDoes) {
   std::mt19937 random(3);
   for (int i = 0; i < 20000; ++i) {
-    float value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+    auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
     if (i % 2 == 0) value = static_cast<float>(static_cast<std::int32_t>(random())) / 65536.0F;
     if (!std::isfinite(value)) continue;
     EventLine line;
@@ -52,7 +52,7 @@ TEST(EventLineTest, ReadsBackWhatItWrites) {
   for (int i = 0; i < 10000; ++i) {
     const auto word = [&] { return static_cast<std::int32_t>(random()); };
     const auto real = [&] {
-      const float value = std::bit_cast<float>(word());
+      const auto value = std::bit_cast<float>(word());
       return std::isfinite(value) ? value : 7.0F;
     };
     const EventLine line{
