@@ -26,6 +26,7 @@ class Ref {
   Ref(Ref<U>&& other) noexcept : object_(other.Detach()) {}  // NOLINT(google-explicit-constructor)
   ~Ref() { Drop(object_); }
 
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): swaps with a copy
   Ref& operator=(const Ref& other) noexcept {
     Ref(other).Swap(*this);
     return *this;
