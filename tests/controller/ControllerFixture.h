@@ -64,7 +64,7 @@ class ControllerFixture : public TestPlatform {
   // Picks the button for editing, as the operator does.
   void Pick(clsButton& button) {
     controller->setModeEditing(true);
-    controller->goToPageWithButtonIndex(button.groupIndex, button.buttonIndex);
+    if (button.groupIndex != 0) controller->goToPageWithButtonIndex(button.groupIndex, button.buttonIndex);
     controller->controlClicked(ControlOf(button), 1, 0, 0, 0);
     Forget();
   }
