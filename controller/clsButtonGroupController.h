@@ -385,6 +385,7 @@ class clsButtonGroupController : public virtual IPageController {
   void AnnounceInvalidPage(std::u16string_view name) const;
   void OverwriteButton(const Ref<clsButton>& existing, PendingAssignment pending);
   void PlacePendingButton(const Place& place, bool forceOverwrite);
+  void StartPlacing(EditModeEnum mode);
   void SwitchOnForEditing(clsButton& button) const;
   void EndEditMode();
 

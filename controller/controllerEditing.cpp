@@ -43,9 +43,10 @@ void clsButtonGroupController::setModeAssign(std::u16string_view buttonName, But
   const Ref<clsObjectList> buttons = getButtons();
   const std::int32_t position = buttons->FindFieldValue(u"name", buttonName);
   if (position >= 0) return OverwriteButton(ButtonAt(*buttons, position), std::move(pending));
+  const Ref<IFormSequenceShortcuts> form = Form();
   editMode_ = EditMode_Assign;
   pending_ = std::move(pending);
-  Form()->SetFlashing(true);
+  form->SetFlashing(true);
 }
 
 void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing, PendingAssignment pending) {
@@ -91,11 +92,17 @@ void clsButtonGroupController::setModeEditing(bool enabled) {
   editMode_ = enabled ? EditMode_EditEnabled : EditMode_None;
 }
 
+void clsButtonGroupController::StartPlacing(EditModeEnum mode) {
+  const Ref<clsPage> page = CurrentPage();
+  const Ref<IFormSequenceShortcuts> form = Form();
+  editMode_ = mode;
+  sourcePage_ = page;
+  form->SetFlashing(true);
+}
+
 void clsButtonGroupController::setModeMove() {
   const Ref<clsButtonGroupController> alive(this);
-  editMode_ = EditMode_Move;
-  sourcePage_ = CurrentPage();
-  Form()->SetFlashing(true);
+  StartPlacing(EditMode_Move);
   const Ref<clsButton> button = EditButton();
   Switch(*button, PlayState_Off);
   modLog::LogFormat(LogLevel_3_INFO, u"turned button [%s] off prior to move", button->name);
@@ -103,9 +110,7 @@ void clsButtonGroupController::setModeMove() {
 
 void clsButtonGroupController::setModeCopy() {
   const Ref<clsButtonGroupController> alive(this);
-  editMode_ = EditMode_Copy;
-  sourcePage_ = CurrentPage();
-  Form()->SetFlashing(true);
+  StartPlacing(EditMode_Copy);
 }
 
 void clsButtonGroupController::CancelEditMode() {
