@@ -58,6 +58,8 @@ void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing, P
   }
   const std::int32_t groupIndex = existing->groupIndex;
   const std::int32_t buttonIndex = existing->buttonIndex;
+  // Before the old button is gone.
+  ValidateForPlacing(groupIndex, buttonIndex);
   editButton_ = existing;
   DeleteButton(true);
   pending_ = pending;

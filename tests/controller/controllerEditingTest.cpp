@@ -199,6 +199,16 @@ TEST_F(controllerEditingTest, OverwritingPutsTheNewButtonInTheOldOnesPlace) {
   EXPECT_EQ(controller->buttonWithIndex(2, 6)->buttonType, ButtonType_Multi);
 }
 
+TEST_F(controllerEditingTest, AButtonWhosePlaceTakesNoneAnyMoreIsNotOverwritten) {
+  const Ref<clsButton> old = Assign(2, 9, u"Intro");
+  controller->setButtonGroupPageSize(0);
+  form->overwrite = true;
+  EXPECT_RAISES(BGCErr_ButtonIndexOutOfRange,
+                controller->setModeAssign(u"Intro", ButtonType_Multi, assignment.get()));
+  EXPECT_EQ(controller->buttonWithIndex(2, 9), old);
+  EXPECT_THAT(transcript.Take("DeleteButton"), IsEmpty());
+}
+
 TEST_F(controllerEditingTest, OverwritingWorksForEveryGroup) {
   Assign(0, 7, u"Top");
   Assign(9, 3, u"Bump");

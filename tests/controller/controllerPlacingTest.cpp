@@ -337,6 +337,18 @@ TEST_F(controllerPlacingTest, ALockedPlayingButtonIsListedWhereItWent) {
   EXPECT_THAT(transcript.Take(), Contains("setLED(245, 4, false)"));
 }
 
+TEST_F(controllerPlacingTest, APlayingButtonIsListedInIndexOrderWhereItWent) {
+  Fill({1});
+  Fill({1}, 3);
+  TurnOn(*controller->buttonWithIndex(3, 1));
+  const Ref<clsButton> moved = controller->buttonWithIndex(2, 1);
+  TurnOn(*moved);
+  moved->SetLocked(true);
+  moved->name = u"moved";
+  Move(*moved, 41);
+  EXPECT_EQ(Playing(3), "moved@3/1 1@3/2");
+}
+
 TEST_F(controllerPlacingTest, ACopyIsNamedAfterItsSource) {
   const Ref<clsButton> intro = Assign(2, 1, u"Intro", ButtonType_Multi);
   intro->SetLocked(true);
