@@ -11,7 +11,7 @@
 
 namespace vestrel {
 
-class DefaultObjectComparator : public IObjectComparator {
+class DefaultObjectComparator final : public IObjectComparator {
  public:
   VESTREL_OBJECT(DefaultObjectComparator, IObjectComparator)
 

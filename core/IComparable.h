@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/Object.h"
+#include "core/SortKey.h"
 #include "core/Variant.h"
 
 namespace vestrel {
@@ -21,6 +22,9 @@ class IComparable : public virtual Object {
   // Compares the field `fieldName` with a plain value: 0 when equal. Implementations raise for a field that
   // they do not have.
   virtual std::int32_t FieldCompare(std::u16string_view fieldName, const Variant& value);
+  // For the library's own sort: whether CompareTo between objects of one kind, by this field, has the sign of
+  // the difference of their keys and no other effect. By default there is no key.
+  virtual bool SortKeyFor(std::u16string_view field, SortKey& key) const;
 };
 
 inline std::int32_t IComparable::CompareTo(Object* /*other*/, std::u16string_view /*field*/) {
@@ -29,6 +33,10 @@ inline std::int32_t IComparable::CompareTo(Object* /*other*/, std::u16string_vie
 
 inline std::int32_t IComparable::FieldCompare(std::u16string_view /*fieldName*/, const Variant& /*value*/) {
   return 0;
+}
+
+inline bool IComparable::SortKeyFor(std::u16string_view /*field*/, SortKey& /*key*/) const {
+  return false;
 }
 
 }  // namespace vestrel

@@ -9,8 +9,10 @@
 namespace vestrel {
 namespace {
 
+constexpr std::size_t kSlotSize = sizeof(void*);
+
 std::size_t BytesFor(std::size_t header, std::int32_t capacity) noexcept {
-  return header + static_cast<std::size_t>(capacity) * sizeof(Object*);
+  return header + static_cast<std::size_t>(capacity) * kSlotSize;
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ class Ref {
   ~Ref() { Drop(object_); }
 
   // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): swaps with a copy
-  Ref& operator=(const Ref& other) noexcept {
+  Ref& operator=(const Ref& other) noexcept {  // NOLINT(bugprone-unhandled-self-assignment): copy and swap
     Ref(other).Swap(*this);
     return *this;
   }

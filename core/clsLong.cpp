@@ -18,6 +18,11 @@ std::int32_t clsLong::FieldCompare(std::u16string_view /*fieldName*/, const Vari
   return 0;
 }
 
+bool clsLong::SortKeyFor(std::u16string_view /*field*/, SortKey& key) const {
+  key = {KeyOf<clsLong>(), value_};
+  return true;
+}
+
 Ref<clsLong> BoxLong(std::int32_t value) {
   Ref<clsLong> box = MakeRef<clsLong>();
   box->SetValue(value);

@@ -23,6 +23,9 @@ class clsLong : public IComparable, public HasValue {
   // Not supported: logs at LogLevel_1_SEVERE and raises 7155. Boxes are found by value.
   std::int32_t FieldCompare(std::u16string_view fieldName, const Variant& value) override;
 
+  // The value, whatever the field.
+  bool SortKeyFor(std::u16string_view field, SortKey& key) const override;
+
   Variant DefaultValue() const override { return value_; }
 
  private:

@@ -25,6 +25,45 @@ T& Given(T* object) {
   return *object;
 }
 
+// An object with the number that it is sorted by.
+struct KeyedObject {
+  std::int64_t key;
+  Object* object;
+};
+
+// The items' keys, where the comparator is the library's own and all items have one of the same kind.
+bool CollectKeys(const DefaultObjectComparator* comparator, std::span<Object* const> items,
+                 std::vector<KeyedObject>& keyed) {
+  if (comparator == nullptr) return false;
+  SortKey first;
+  for (Object* item : items) {
+    SortKey key;
+    const auto* comparable = TryCast<IComparable>(item);
+    if (comparable == nullptr || !comparable->SortKeyFor(comparator->field(), key)) return false;
+    if (keyed.empty()) {
+      keyed.reserve(items.size());
+      first = key;
+    }
+    if (key.kind != first.kind) return false;
+    keyed.push_back({key.value, item});
+  }
+  return true;
+}
+
+// Sorts by keys where there are any; no one else's code runs then, and nothing can fail half way.
+bool SortByKeys(IObjectComparator& comparator, std::span<Object*> items) {
+  const auto* known = TryCast<DefaultObjectComparator>(&comparator);
+  std::vector<KeyedObject> keyed;
+  if (!CollectKeys(known, items, keyed)) return false;
+  if (known->Reverse()) {
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.key > b.key; });
+  } else {
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
+  }
+  std::transform(keyed.begin(), keyed.end(), items.begin(), [](const auto& item) { return item.object; });
+  return true;
+}
+
 template <class Test>
 std::int32_t FirstWhere(const ItemSnapshot& items, Test test) {
   for (std::int32_t i = 0; i < items.size(); ++i) {
@@ -123,7 +162,7 @@ void clsObjectList::SortInPlace(Ref<IObjectComparator>* comparator, bool Reverse
   const ItemStorage sorted = items_;
   std::vector<Object*> order(sorted.data(), sorted.data() + count_);
   try {
-    modArraySorting::QuickSortObjects(*used, order);
+    if (!SortByKeys(*used, order)) modArraySorting::QuickSortObjects(*used, order);
   } catch (...) {
     PutInOrder(sorted, order);
     throw;

@@ -17,8 +17,8 @@ Ref<clsObjectList> StringListFromSplit(std::u16string_view source, std::u16strin
   Ref<clsObjectList> list = MakeRef<clsObjectList>();
   if (source.empty()) return list;
   std::size_t start = 0;
-  std::size_t end = delimiter.empty() ? source.npos : source.find(delimiter);
-  while (end != source.npos) {
+  std::size_t end = delimiter.empty() ? std::u16string_view::npos : source.find(delimiter);
+  while (end != std::u16string_view::npos) {
     list->AddItem(BoxString(source.substr(start, end - start)).get());
     start = end + delimiter.size();
     end = source.find(delimiter, start);

@@ -34,15 +34,20 @@ class TextBuffer {
     char16_t* to = Extend(count);
     for (std::size_t i = 0; i < count; ++i) to[i] = unit;
   }
+  // Room for `count` more units, of which the first `used` then count as appended by Advance.
+  char16_t* Room(std::size_t count) {
+    if (count > capacity_ - size_) Grow(count);
+    return data_ + size_;
+  }
+  void Advance(std::size_t used) noexcept { size_ += used; }
   // The units from `start` on, to be changed in place.
   char16_t* MutableFrom(std::size_t start) noexcept { return data_ + start; }
 
  private:
   // Makes room for `count` more units and counts them in; the result is where they go.
   char16_t* Extend(std::size_t count) {
-    if (count > capacity_ - size_) Grow(count);
-    char16_t* const place = data_ + size_;
-    size_ += count;
+    char16_t* const place = Room(count);
+    Advance(count);
     return place;
   }
   void Grow(std::size_t count);

@@ -59,10 +59,17 @@ class Formatter {
  private:
   // Copies up to the next character that means something; false at the end of the format.
   bool CopyOrdinary() {
-    std::size_t next = at_;
-    while (next < format_.size() && format_[next] != u'\\' && format_[next] != u'%') ++next;
-    CopyTo(next);
-    return at_ < format_.size();
+    const std::size_t left = format_.size() - at_;
+    const char16_t* const from = format_.data() + at_;
+    char16_t* const to = out_.Room(left);
+    std::size_t count = 0;
+    while (count < left && from[count] != u'\\' && from[count] != u'%') {
+      to[count] = from[count];
+      ++count;
+    }
+    out_.Advance(count);
+    at_ += count;
+    return count < left;
   }
 
   void CopyTo(std::size_t end) {
@@ -93,9 +100,9 @@ class Formatter {
   }
 
   void OpenDirective() {
+    if (at_ + 1 < format_.size() && ConvertPlain(format_[at_ + 1])) return;
     const std::size_t last = format_.find_first_of(kConversionCharacters, at_ + 1);
     if (last == std::u16string_view::npos) return CopyTo(format_.size());
-    if (last == at_ + 1 && ConvertPlain(format_[last])) return;
     const auto directive = ParseDirective(format_.substr(at_ + 1, last - at_ - 1), format_[last]);
     // What cannot be read is copied, and the conversion character is looked at anew: it may be a "%".
     if (!directive) return CopyTo(last);

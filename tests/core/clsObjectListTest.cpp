@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
+#include <numeric>
 #include <string>
+#include <vector>
 
 #include "core/DefaultObjectComparator.h"
 #include "core/clsObjectList.h"
@@ -392,6 +395,58 @@ TEST(clsObjectListTest, AGivenComparatorCountsAlone) {
   EXPECT_EQ(comparator, given);
 }
 
+// Ordered by a number like clsLong; answers a key of the kind given, or none, and counts its comparisons.
+class Ranked : public IComparable {
+ public:
+  VESTREL_OBJECT(Ranked, IComparable)
+  Ranked(std::int32_t rank, TypeKey kind) : rank_(rank), kind_(kind) {}
+  static inline int comparisons = 0;
+
+  std::int32_t rank() const { return rank_; }
+  std::int32_t CompareTo(Object* other, std::u16string_view /*field*/) override {
+    ++comparisons;
+    return rank_ - Cast<Ranked>(other).rank_;
+  }
+  bool SortKeyFor(std::u16string_view field, SortKey& key) const override {
+    key = {kind_, rank_};
+    return kind_ != nullptr && field == u"rank";
+  }
+
+ private:
+  std::int32_t rank_;
+  TypeKey kind_;
+};
+
+std::vector<std::int32_t> SortedRanks(TypeKey kind, TypeKey otherKind, bool reverse,
+                                      std::u16string_view field) {
+  const Ref<clsObjectList> list = MakeRef<clsObjectList>();
+  for (std::int32_t i = 0; i < 100; ++i) {
+    list->AddItem(MakeRef<Ranked>(i * 37 % 100, i == 50 ? otherKind : kind).get());
+  }
+  Ranked::comparisons = 0;
+  list->SortInPlace(nullptr, reverse, field);
+  std::vector<std::int32_t> ranks;
+  for (Object* item : list->Snapshot()) ranks.push_back(Cast<Ranked>(item).rank());
+  return ranks;
+}
+
+TEST(clsObjectListTest, ItemsWithKeysOfOneKindAreSortedWithoutAskingThem) {
+  std::vector<std::int32_t> expected(100);
+  std::iota(expected.begin(), expected.end(), 0);
+  const TypeKey kind = KeyOf<Ranked>();
+  EXPECT_EQ(SortedRanks(kind, kind, false, u"rank"), expected);
+  EXPECT_EQ(Ranked::comparisons, 0);
+  EXPECT_EQ(SortedRanks(kind, kind, false, u"name"), expected);
+  EXPECT_GT(Ranked::comparisons, 0);
+  EXPECT_EQ(SortedRanks(kind, KeyOf<clsLong>(), false, u"rank"), expected);
+  EXPECT_GT(Ranked::comparisons, 0);
+  EXPECT_EQ(SortedRanks(kind, nullptr, false, u"rank"), expected);
+  EXPECT_GT(Ranked::comparisons, 0);
+  std::reverse(expected.begin(), expected.end());
+  EXPECT_EQ(SortedRanks(kind, kind, true, u"rank"), expected);
+  EXPECT_EQ(Ranked::comparisons, 0);
+}
+
 TEST(clsObjectListTest, LessThanTwoItemsAreLeftAlone) {
   Ref<IObjectComparator> comparator;
   MakeRef<clsObjectList>()->SortInPlace(&comparator);
@@ -538,17 +593,18 @@ TEST(clsObjectListTest, APredicateThatChangesTheListDoesNotDisturbTheSearch) {
 }
 
 // Runs a function at its tenth comparison.
-class MeddlingComparator : public DefaultObjectComparator {
+class MeddlingComparator : public IObjectComparator {
  public:
   VESTREL_OBJECT(MeddlingComparator, IObjectComparator)
   std::function<void()> meddle;
   std::int32_t Compare(Object* a, Object* b) override {
     if (++calls_ == 10) meddle();
-    return DefaultObjectComparator::Compare(a, b);
+    return byValue_->Compare(a, b);
   }
 
  private:
   int calls_ = 0;
+  Ref<DefaultObjectComparator> byValue_ = MakeRef<DefaultObjectComparator>();
 };
 
 TEST(clsObjectListTest, ASortDuringWhichTheListWasChangedIsDropped) {
