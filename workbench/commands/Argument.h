@@ -40,7 +40,7 @@ struct Argument<std::int32_t> : PlainArgument {
     value = ReadWhole(word, parameter, std::numeric_limits<std::int32_t>::min(),
                       std::numeric_limits<std::int32_t>::max());
   }
-  std::int32_t Pass() { return value; }
+  std::int32_t Pass() const { return value; }
   std::int32_t value = 0;
 };
 
@@ -51,7 +51,7 @@ struct Argument<std::int16_t> : PlainArgument {
     value = static_cast<std::int16_t>(ReadWhole(word, parameter, std::numeric_limits<std::int16_t>::min(),
                                                 std::numeric_limits<std::int16_t>::max()));
   }
-  std::int16_t Pass() { return value; }
+  std::int16_t Pass() const { return value; }
   std::int16_t value = 0;
 };
 
@@ -61,7 +61,7 @@ struct Argument<float> : PlainArgument {
   void Read(const Word& word, const Parameter& parameter, CommandSession&) {
     value = ReadReal(word, parameter);
   }
-  float Pass() { return value; }
+  float Pass() const { return value; }
   float value = 0;
 };
 
@@ -71,7 +71,7 @@ struct Argument<bool> : PlainArgument {
   void Read(const Word& word, const Parameter& parameter, CommandSession&) {
     value = ReadTruth(word, parameter);
   }
-  bool Pass() { return value; }
+  bool Pass() const { return value; }
   bool value = false;
 };
 
@@ -81,7 +81,7 @@ struct Argument<std::u16string_view> : PlainArgument {
   void Read(const Word& word, const Parameter& parameter, CommandSession& session) {
     value = ReadText(word, parameter, session.host().appPath());
   }
-  std::u16string_view Pass() { return value; }
+  std::u16string_view Pass() const { return value; }
   std::u16string value;
 };
 
@@ -92,7 +92,7 @@ struct Argument<E> : PlainArgument {
   void Read(const Word& word, const Parameter& parameter, CommandSession&) {
     value = static_cast<E>(ReadMember(word, parameter, NamesOf<E>()));
   }
-  E Pass() { return value; }
+  E Pass() const { return value; }
   E value{};
 };
 
@@ -108,7 +108,7 @@ template <>
 struct Argument<std::span<const Variant>> : PlainArgument {
   static constexpr std::string_view kKind = "texts";
   void Read(const Word& word, const Parameter&, CommandSession&) { values = ReadTexts(word); }
-  std::span<const Variant> Pass() { return values; }
+  std::span<const Variant> Pass() const { return values; }
   std::vector<Variant> values;
 };
 
@@ -145,7 +145,7 @@ struct ObjectArgument : PlainArgument {
   void Read(const Word& word, const Parameter& parameter, CommandSession& session) {
     value = ReadFrom(word, parameter, session);
   }
-  T* Pass() { return value.get(); }
+  T* Pass() const { return value.get(); }
   Ref<T> value;
 };
 

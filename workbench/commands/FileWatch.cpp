@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 namespace vestrel::workbench {
 
@@ -12,7 +12,9 @@ namespace {
 
 std::string Contents(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream contents;
+  contents << stream.rdbuf();
+  return contents.str();
 }
 
 std::string Utf8(const fs::path& path) {

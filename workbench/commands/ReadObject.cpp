@@ -85,7 +85,8 @@ std::vector<Variant> ReadTexts(const Word& word) {
   std::string_view rest = word.text;
   while (true) {
     const std::size_t bar = rest.find('|');
-    texts.emplace_back(FromUtf8(rest.substr(0, bar)));
+    const std::u16string text = FromUtf8(rest.substr(0, bar));
+    texts.emplace_back(std::u16string_view(text));
     if (bar == std::string_view::npos) return texts;
     rest.remove_prefix(bar + 1);
   }

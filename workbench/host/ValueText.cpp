@@ -1,5 +1,7 @@
 #include "workbench/host/ValueText.h"
 
+#include <algorithm>
+
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/clsDictionary.h"
@@ -22,6 +24,7 @@ std::string ButtonText(const clsButton& button) {
 
 std::string ListText(clsObjectList& list) {
   std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(std::max(list.Size(), 0)));
   for (std::int32_t i = 0; i < list.Size(); ++i) texts.push_back(ObjectText(list.GetItem(i).get()));
   return "[" + JoinTexts(texts) + "]";
 }
