@@ -69,9 +69,13 @@ class File {
   // Forces what was written to the disk.
   virtual FileStatus Sync() = 0;
   // Waits for the lock on this file, which other processes' locks respect; reading and writing do not. The
-  // lock goes with Unlock or Close. Two handles in one process exclude each other as well.
+  // lock goes with Unlock or Close. Two handles in one process exclude each other as well. Where the file was
+  // replaced meanwhile, the handle may stand for the old or the new one.
   virtual FileStatus Lock(LockMode mode) = 0;
   virtual FileStatus Unlock() = 0;
+  // Makes ready for another file to be put in this one's place, which some systems refuse while it is open:
+  // the lock stays, and nothing but Unlock and Close may follow.
+  virtual FileStatus LetGo() = 0;
   virtual FileStatus Close() = 0;
 };
 
@@ -88,8 +92,8 @@ class Files {
   // The path with links followed: the file that a write through `path` would change. An absent file is
   // answered as it was named.
   virtual FileStatus Resolve(std::u16string_view path, std::u16string& real) = 0;
-  // Puts `from` in the place of `to` in one step: a reader sees the old or the new file, whole. Either may be
-  // open and locked.
+  // Puts `from` in the place of `to` in one step: a reader sees the old or the new file, whole. `from` may be
+  // open and locked; where `to` is open, it is made ready with LetGo first.
   virtual FileStatus Replace(std::u16string_view from, std::u16string_view to) = 0;
   virtual FileStatus Remove(std::u16string_view path) = 0;
   virtual FileStatus MakeDirectory(std::u16string_view path) = 0;

@@ -18,7 +18,8 @@ using platform::OpenMode;
 
 namespace {
 
-constexpr int kAttempts = 100;
+// Each of them waits for a writer that gets its work done meanwhile.
+constexpr int kAttempts = 1000;
 
 // Overwrites a stretch of the file. Should the disk fail in the middle, what was written is taken back as far
 // as the disk lets us.
@@ -45,36 +46,38 @@ FileStatus ProfileFile::Commit(std::span<const ProfileEdit> edits, Sync sync) {
 }
 
 FileStatus ProfileFile::Try(std::span<const ProfileEdit> edits, Sync sync, bool& again) {
-  std::unique_ptr<File> file;
-  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::ReadWrite, file); });
+  std::unique_ptr<File> target;
+  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::ReadWrite, target); });
   if (status == FileStatus::NotFound) return Create(edits, sync, again);
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file->Lock(LockMode::Exclusive); });
-  return status == FileStatus::Ok ? Change(*file, edits, sync, again) : status;
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return target->Lock(LockMode::Exclusive); });
+  return status == FileStatus::Ok ? Change(*target, edits, sync, again) : status;
 }
 
 // While we waited for the lock another writer may have put a new file in place; the one we hold is then no
 // longer the file of that name.
-FileStatus ProfileFile::Change(File& file, std::span<const ProfileEdit> edits, Sync sync, bool& again) {
+FileStatus ProfileFile::Change(File& target, std::span<const ProfileEdit> edits, Sync sync, bool& again) {
   FileInfo held;
   FileInfo named;
-  FileStatus status = Uninterrupted([&] { return file.Info(held); });
+  FileStatus status = Uninterrupted([&] { return target.Info(held); });
   if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Info(path_, named); });
   again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != held.identity);
   if (status != FileStatus::Ok || again) return status;
   FileBytes bytes;
-  status = ReadAll(file, held.size, bytes);
+  status = ReadAll(target, held.size, bytes);
   if (status != FileStatus::Ok) return status;
   const ProfileChange change = PlanChange(bytes.view(), edits);
-  if (change.kind == ProfileChange::Kind::Whole) return Replace(file, change.bytes, sync);
+  if (change.kind == ProfileChange::Kind::Whole) return Replace(target, change.bytes, sync);
   ScratchFile::RemoveLeftover(path_, ScratchFile::kSettings);
-  return change.kind == ProfileChange::Kind::None ? status : Overwrite(file, bytes.view(), change, sync);
+  return change.kind == ProfileChange::Kind::None ? status : Overwrite(target, bytes.view(), change, sync);
 }
 
-FileStatus ProfileFile::Replace(File& old, std::string_view bytes, Sync sync) {
+FileStatus ProfileFile::Replace(File& target, std::string_view bytes, Sync sync) {
   ScratchFile scratch(ScratchFile::kSettings);
   FileStatus status = scratch.Open(path_, LockMode::Exclusive);
   if (status == FileStatus::Ok) status = scratch.Append(bytes);
-  return status == FileStatus::Ok ? scratch.PutInPlace(&old, sync == Sync::Yes) : status;
+  if (status == FileStatus::Ok) status = scratch.CopyAccess(target);
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return target.LetGo(); });
+  return status == FileStatus::Ok ? scratch.PutInPlace(sync == Sync::Yes) : status;
 }
 
 // The scratch file's lock keeps two processes that make the same file apart; who comes second finds it made.
@@ -89,7 +92,7 @@ FileStatus ProfileFile::Create(std::span<const ProfileEdit> edits, Sync sync, bo
   again = status == FileStatus::Ok;
   if (status != FileStatus::NotFound) return status;
   status = scratch.Append(change.bytes);
-  return status == FileStatus::Ok ? scratch.PutInPlace(nullptr, sync == Sync::Yes) : status;
+  return status == FileStatus::Ok ? scratch.PutInPlace(sync == Sync::Yes) : status;
 }
 
 }  // namespace vestrel

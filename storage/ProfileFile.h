@@ -26,10 +26,10 @@ class ProfileFile {
 
  private:
   platform::FileStatus Try(std::span<const ProfileEdit> edits, Sync sync, bool& again);
-  platform::FileStatus Change(platform::File& file, std::span<const ProfileEdit> edits, Sync sync,
+  platform::FileStatus Change(platform::File& target, std::span<const ProfileEdit> edits, Sync sync,
                               bool& again);
+  platform::FileStatus Replace(platform::File& target, std::string_view bytes, Sync sync);
   platform::FileStatus Create(std::span<const ProfileEdit> edits, Sync sync, bool& again);
-  platform::FileStatus Replace(platform::File& old, std::string_view bytes, Sync sync);
 
   std::u16string_view path_;
 };

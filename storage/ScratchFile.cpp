@@ -66,10 +66,13 @@ FileStatus ScratchFile::Append(std::string_view bytes) {
   return status;
 }
 
-FileStatus ScratchFile::PutInPlace(File* old, bool sync) {
+FileStatus ScratchFile::CopyAccess(File& old) {
+  return Uninterrupted([&] { return file_->CopyAccess(old); });
+}
+
+FileStatus ScratchFile::PutInPlace(bool sync) {
   FileStatus status = FileStatus::Ok;
-  if (old != nullptr) status = Uninterrupted([&] { return file_->CopyAccess(*old); });
-  if (status == FileStatus::Ok && sync) status = Uninterrupted([&] { return file_->Sync(); });
+  if (sync) status = Uninterrupted([&] { return file_->Sync(); });
   if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Replace(path_, target_); });
   if (status != FileStatus::Ok) return status;
   file_.reset();

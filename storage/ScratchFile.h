@@ -28,9 +28,11 @@ class ScratchFile {
   // LockMode::Exclusive it is waited for.
   platform::FileStatus Open(std::u16string_view target, platform::LockMode lock);
   platform::FileStatus Append(std::string_view bytes);
-  // Puts the file in the target's place with the access rights of `old`, the open target, where there is one.
-  // With `sync` the bytes are forced to the disk before and the name after.
-  platform::FileStatus PutInPlace(platform::File* old, bool sync);
+  // Gives the file the access rights of `old`, the open target.
+  platform::FileStatus CopyAccess(platform::File& old);
+  // Puts the file in the target's place. With `sync` the bytes are forced to the disk before and the name
+  // after.
+  platform::FileStatus PutInPlace(bool sync);
   void Discard() noexcept;
 
   // Removes what a writer that crashed left beside `target`. Only for who holds the target's lock.

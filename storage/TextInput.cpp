@@ -17,7 +17,7 @@ using platform::FileStatus;
 namespace {
 
 constexpr std::u16string_view kSource = u"TextFile";
-constexpr std::size_t kChunk = 64 * 1024;
+constexpr std::size_t kChunk = 65536;
 constexpr int kEnd = -1;
 
 bool IsBlank(int byte) {
@@ -85,8 +85,8 @@ bool TextInput::ReadBoolean() {
 }
 
 std::u16string TextInput::ReadValue() {
-  std::string bytes = Peek() == '"' ? ReadQuoted() : ReadPlain(true);
-  const std::u16string text = platform::encoding().Widen(bytes);
+  const std::string bytes = Peek() == '"' ? ReadQuoted() : ReadPlain(true);
+  std::u16string text = platform::encoding().Widen(bytes);
   if (text.empty()) return u"0";
   if (EqualIgnoringCase(text, u"#TRUE#")) return u"-1";
   if (EqualIgnoringCase(text, u"#FALSE#")) return u"0";

@@ -18,7 +18,7 @@ using platform::FileStatus;
 namespace {
 
 constexpr std::u16string_view kSource = u"TextFile";
-constexpr std::size_t kChunk = 64 * 1024;
+constexpr std::size_t kChunk = 65536;
 constexpr std::size_t kLongestNumber = 32;
 
 // What may not be replaced is refused before anything is written.
@@ -134,8 +134,12 @@ void TextOutput::Check(FileStatus status) {
 void TextOutput::PutInPlace() {
   std::unique_ptr<platform::File> old;
   const FileStatus status = Uninterrupted([&] { return files().Open(path_, platform::OpenMode::Read, old); });
-  if (status != FileStatus::NotFound) Check(status);
-  Check(scratch_.PutInPlace(old.get(), true));
+  if (status != FileStatus::NotFound) {
+    Check(status);
+    Check(scratch_.CopyAccess(*old));
+    old.reset();
+  }
+  Check(scratch_.PutInPlace(true));
 }
 
 }  // namespace vestrel

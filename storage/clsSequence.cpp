@@ -35,7 +35,7 @@ clsSequence::~clsSequence() {
   }
 }
 
-void clsSequence::SaveToFile(std::int32_t fnum) {
+void clsSequence::SaveToFile(std::int32_t fnum) const {
   TextOutput& file = TextFile::Output(fnum);
   file.WriteText(theName);
   file.WriteText(myMulti);

@@ -34,7 +34,7 @@ class clsSequence : public Object {
 
   // Writes the fields, all but myPage, as one line of the text file open for output under `fnum`. Raises 52
   // when there is none, 57 or 61 when writing fails.
-  void SaveToFile(std::int32_t fnum);
+  void SaveToFile(std::int32_t fnum) const;
   // Reads one line written by SaveToFile. For another version than 1.1 it logs that and reads nothing. Raises
   // 52 when no file is open for input under `fnum`, 62 at its end, 13 or 6 for a field that cannot be read;
   // the fields before it are then set.

@@ -146,6 +146,7 @@ class PosixFile final : public File {
     }
   }
   FileStatus Unlock() override { return StatusOfCall(flock(descriptor_, LOCK_UN)); }
+  FileStatus LetGo() override { return FileStatus::Ok; }
 
   FileStatus Close() override {
     const int descriptor = std::exchange(descriptor_, -1);

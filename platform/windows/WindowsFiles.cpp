@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "platform/System.h"
+#include "platform/windows/PathLock.h"
 #include "platform/windows/WindowsText.h"
 
 namespace vestrel::platform {
@@ -56,6 +57,10 @@ class Handle {
   ~Handle() { Close(); }
 
   HANDLE get() const { return handle_; }
+  void Reset(HANDLE handle) {
+    Close();
+    handle_ = handle;
+  }
   bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
   FileStatus Close() {
     const HANDLE handle = std::exchange(handle_, INVALID_HANDLE_VALUE);
@@ -84,14 +89,49 @@ OVERLAPPED At(std::uint64_t offset) {
   return position;
 }
 
-// System locks keep others from the bytes they cover, ours only other holders of ours: the byte lies far
-// behind any file's end.
-constexpr std::uint64_t kLockByte = 0x7FFFFFFF'00000000U;
 constexpr std::uint64_t kEndOfFile = 0xFFFFFFFF'FFFFFFFFU;
+
+struct OpenArguments {
+  DWORD access;
+  DWORD disposition;
+  DWORD flags = FILE_ATTRIBUTE_NORMAL;
+};
+
+OpenArguments ArgumentsOf(OpenMode mode) {
+  constexpr DWORD readWrite = GENERIC_READ | GENERIC_WRITE;
+  switch (mode) {
+    case OpenMode::ReadWrite:
+      return {readWrite, OPEN_EXISTING};
+    case OpenMode::Create:
+      return {readWrite, OPEN_ALWAYS};
+    case OpenMode::CreateNew:
+      return {readWrite, CREATE_NEW};
+    case OpenMode::Append:
+      return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, OPEN_ALWAYS};
+    case OpenMode::Scratch:
+      return {readWrite | WRITE_DAC, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT};
+    default:
+      return {GENERIC_READ, OPEN_EXISTING};
+  }
+}
 
 class WindowsFile final : public File {
  public:
-  WindowsFile(HANDLE handle, bool append) : handle_(handle), append_(append) {}
+  WindowsFile(std::wstring path, OpenMode mode) : path_(std::move(path)), mode_(mode) {}
+
+  // Emulations of the system let some users write read-only files; the library never does.
+  FileStatus Open() {
+    const OpenArguments arguments = ArgumentsOf(mode_);
+    handle_.Reset(CreateFileW(path_.c_str(), arguments.access, kShareAll, nullptr, arguments.disposition,
+                              arguments.flags, nullptr));
+    if (!handle_.IsOpen()) return StatusOf(GetLastError());
+    FileInfo info;
+    const FileStatus status = Info(info);
+    if (status != FileStatus::Ok) return status;
+    const bool refused = info.directory || (mode_ != OpenMode::Read && info.readOnly);
+    if (refused) return FileStatus::AccessDenied;
+    return mode_ == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
+  }
 
   FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) override {
     OVERLAPPED position = At(offset);
@@ -104,7 +144,7 @@ class WindowsFile final : public File {
   }
 
   FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) override {
-    OVERLAPPED position = At(append_ ? kEndOfFile : offset);
+    OVERLAPPED position = At(mode_ == OpenMode::Append ? kEndOfFile : offset);
     DWORD count = 0;
     const BOOL succeeded =
         WriteFile(handle_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, &position);
@@ -138,19 +178,23 @@ class WindowsFile final : public File {
 
   FileStatus Sync() override { return StatusOfCall(FlushFileBuffers(handle_.get())); }
 
+  // Who waits has the file closed, or its replacement could not be put in place; afterwards the handle stands
+  // for the file that has the name now.
   FileStatus Lock(LockMode mode) override {
-    DWORD flags = mode == LockMode::Shared ? 0 : LOCKFILE_EXCLUSIVE_LOCK;
-    if (mode == LockMode::TryExclusive) flags |= LOCKFILE_FAIL_IMMEDIATELY;
-    OVERLAPPED position = At(kLockByte);
-    return StatusOfCall(LockFileEx(handle_.get(), flags, 0, 1, 0, &position));
+    FileStatus status = lock_.Try(path_);
+    if (status != FileStatus::Busy || mode == LockMode::TryExclusive) return status;
+    handle_.Close();
+    status = lock_.Wait();
+    return status == FileStatus::Ok ? Open() : status;
   }
 
-  FileStatus Unlock() override {
-    OVERLAPPED position = At(kLockByte);
-    return StatusOfCall(UnlockFileEx(handle_.get(), 0, 1, 0, &position));
-  }
+  FileStatus Unlock() override { return lock_.Release(); }
+  FileStatus LetGo() override { return handle_.Close(); }
 
-  FileStatus Close() override { return handle_.Close(); }
+  FileStatus Close() override {
+    lock_.Release();
+    return handle_.Close();
+  }
 
  private:
   // File systems without access lists have none to copy.
@@ -164,52 +208,14 @@ class WindowsFile final : public File {
     SetKernelObjectSecurity(handle_.get(), DACL_SECURITY_INFORMATION, descriptor.data());
   }
 
-  Handle handle_;
-  bool append_;
+  std::wstring path_;
+  OpenMode mode_;
+  Handle handle_{INVALID_HANDLE_VALUE};
+  PathLock lock_;
 };
-
-struct OpenArguments {
-  DWORD access;
-  DWORD disposition;
-  DWORD flags = FILE_ATTRIBUTE_NORMAL;
-};
-
-OpenArguments ArgumentsOf(OpenMode mode) {
-  constexpr DWORD readWrite = GENERIC_READ | GENERIC_WRITE;
-  switch (mode) {
-    case OpenMode::ReadWrite:
-      return {readWrite, OPEN_EXISTING};
-    case OpenMode::Create:
-      return {readWrite, OPEN_ALWAYS};
-    case OpenMode::CreateNew:
-      return {readWrite, CREATE_NEW};
-    case OpenMode::Append:
-      return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, OPEN_ALWAYS};
-    case OpenMode::Scratch:
-      return {readWrite | WRITE_DAC, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT};
-    default:
-      return {GENERIC_READ, OPEN_EXISTING};
-  }
-}
-
-// Emulations of the system let some users write read-only files; the library never does.
-FileStatus CheckOpened(File& file, OpenMode mode) {
-  FileInfo info;
-  const FileStatus status = file.Info(info);
-  if (status != FileStatus::Ok) return status;
-  const bool refused = info.directory || (mode != OpenMode::Read && info.readOnly);
-  if (refused) return FileStatus::AccessDenied;
-  return mode == OpenMode::Create && info.size > 0 ? file.Truncate(0) : FileStatus::Ok;
-}
 
 bool Holds(std::u16string_view path) {
   return !path.empty() && path.find(u'\0') == std::u16string_view::npos;
-}
-
-std::wstring FullPath(const std::wstring& path) {
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  return full;
 }
 
 // The layout that the system's rename call takes, which older headers do not declare.
@@ -240,16 +246,16 @@ bool ReplaceOpenFile(const std::wstring& from, const std::wstring& to) {
                                     static_cast<DWORD>(buffer.size())) != FALSE;
 }
 
+// Both ways are one step of the file system. There are calls that can do more, but they move the old file
+// away first, and for a moment there is none.
 FileStatus ReplaceOnce(const std::wstring& from, const std::wstring& to) {
   if (ReplaceOpenFile(from, to)) return FileStatus::Ok;
-  const bool moved =
-      MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
-  if (moved) return FileStatus::Ok;
-  const DWORD error = GetLastError();
-  // It can move aside a file that its other users share for deletion, which a plain move cannot.
-  if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != FALSE) return FileStatus::Ok;
-  return StatusOf(error);
+  return StatusOfCall(
+      MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
+
+// About a quarter of a second in all.
+constexpr DWORD kReplaceAttempts = 32;
 
 bool MayPass(FileStatus status) {
   return status == FileStatus::Busy || status == FileStatus::AccessDenied;
@@ -259,12 +265,8 @@ class WindowsFiles final : public Files {
  public:
   FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) override {
     if (!Holds(path)) return FileStatus::BadName;
-    const OpenArguments arguments = ArgumentsOf(mode);
-    const HANDLE handle = CreateFileW(ToWide(path).c_str(), arguments.access, kShareAll, nullptr,
-                                      arguments.disposition, arguments.flags, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) return StatusOf(GetLastError());
-    auto opened = std::make_unique<WindowsFile>(handle, mode == OpenMode::Append);
-    const FileStatus status = CheckOpened(*opened, mode);
+    auto opened = std::make_unique<WindowsFile>(ToWide(path), mode);
+    const FileStatus status = opened->Open();
     if (status == FileStatus::Ok) file = std::move(opened);
     return status;
   }
@@ -293,8 +295,8 @@ class WindowsFiles final : public Files {
     const std::wstring target = ToWide(to);
     // A reader or a virus scanner that holds the file lets go within moments.
     FileStatus status = ReplaceOnce(source, target);
-    for (DWORD pause = 1; MayPass(status) && pause <= 64; pause *= 2) {
-      Sleep(pause);
+    for (DWORD attempt = 0; MayPass(status) && attempt < kReplaceAttempts; ++attempt) {
+      Sleep(attempt / 2);
       status = ReplaceOnce(source, target);
     }
     return status;

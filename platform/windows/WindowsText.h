@@ -18,4 +18,10 @@ inline std::u16string FromWide(std::wstring_view text) {
   return {text.begin(), text.end()};
 }
 
+inline std::wstring FullPath(const std::wstring& path) {
+  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full;
+}
+
 }  // namespace vestrel::platform

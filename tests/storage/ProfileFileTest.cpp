@@ -107,10 +107,12 @@ struct Save {
   const char* after;
 };
 
-class ProfileFileFaultTest : public ProfileFileTest, public testing::WithParamInterface<Save> {};
+class ProfileFileFaultTest : public ProfileFileTest,
+                             public testing::WithParamInterface<std::tuple<Save, bool>> {};
 
 TEST_P(ProfileFileFaultTest, AFailingCallNeverDamagesTheOldFile) {
-  const Save& save = GetParam();
+  const auto& [save, replacesOpenFiles] = GetParam();
+  files.SetReplacesOpenFiles(replacesOpenFiles);
   const std::string before = save.before != nullptr ? save.before : "<none>";
   const bool inPlace = before.size() == std::string_view(save.after).size();
   for (const FileStatus status : {FileStatus::DiskFull, FileStatus::IoError, FileStatus::AccessDenied}) {
@@ -142,9 +144,17 @@ TEST_P(ProfileFileFaultTest, AFailingCallNeverDamagesTheOldFile) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Saves, ProfileFileFaultTest,
-                         testing::Values(Save{nullptr, "1", "[s]\r\nk=1\r\n"},
-                                         Save{"[s]\r\nk=1\r\n", "10", "[s]\r\nk=10\r\n"},
-                                         Save{"[s]\r\nk=11\r\n", "22", "[s]\r\nk=22\r\n"}));
+                         testing::Combine(testing::Values(Save{nullptr, "1", "[s]\r\nk=1\r\n"},
+                                                          Save{"[s]\r\nk=1\r\n", "10", "[s]\r\nk=10\r\n"},
+                                                          Save{"[s]\r\nk=11\r\n", "22", "[s]\r\nk=22\r\n"}),
+                                          testing::Bool()));
+
+TEST_F(ProfileFileTest, LetsGoOfTheFileWhereAnOpenOneCannotBeReplaced) {
+  files.SetReplacesOpenFiles(false);
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  EXPECT_EQ(Write(kFile, "k", "10", Sync::Yes), FileStatus::Ok);
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=10\r\n");
+}
 
 TEST_F(ProfileFileTest, AnOverwriteThatBreaksOffIsTakenBack) {
   files.Put(kFile, "[s]\r\nk=abcdef\r\n");

@@ -261,6 +261,14 @@ TEST_F(TextFileTest, TheOldFileStaysUntilTheNewOneIsClosed) {
   EXPECT_EQ(files.Calls("SyncDirectory"), 1);
 }
 
+TEST_F(TextFileTest, LetsGoOfTheOldFileBeforeReplacingIt) {
+  files.SetReplacesOpenFiles(false);
+  files.Put(kFile, "old");
+  TextFile::Open(1, kFile, TextFile::Mode::Output);
+  TextFile::Close(1);
+  EXPECT_EQ(files.Get(kFile), "");
+}
+
 TEST_F(TextFileTest, AnAbandonedFileNeverWas) {
   files.Put(kFile, "old");
   {

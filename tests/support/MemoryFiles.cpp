@@ -1,6 +1,7 @@
 #include "tests/support/MemoryFiles.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vestrel::test {
 
@@ -40,6 +41,7 @@ class MemoryFile final : public File {
   MemoryFile(MemoryFiles& files, std::shared_ptr<Node> node, OpenMode mode)
       : files_(files), node_(std::move(node)), mode_(mode) {
     ++files_.openFiles_;
+    ++node_->handles;
   }
   ~MemoryFile() override { Drop(); }
 
@@ -101,6 +103,12 @@ class MemoryFile final : public File {
     return FileStatus::Ok;
   }
 
+  FileStatus LetGo() override {
+    if (const FileStatus failure = files_.Called("LetGo"); failure != FileStatus::Ok) return failure;
+    if (!std::exchange(letGo_, true)) --node_->handles;
+    return FileStatus::Ok;
+  }
+
   FileStatus Close() override {
     const FileStatus failure = files_.Called("Close");
     Drop();
@@ -119,6 +127,7 @@ class MemoryFile final : public File {
   void Drop() {
     if (node_ == nullptr) return;
     Release();
+    if (!letGo_) --node_->handles;
     node_.reset();
     --files_.openFiles_;
   }
@@ -126,6 +135,7 @@ class MemoryFile final : public File {
   MemoryFiles& files_;
   std::shared_ptr<Node> node_;
   OpenMode mode_;
+  bool letGo_ = false;
   Holds holds_ = Holds::Nothing;
 };
 
@@ -240,6 +250,9 @@ FileStatus MemoryFiles::Replace(std::u16string_view from, std::u16string_view to
   if (found == files_.end()) return MissingStatus(Normal(from));
   if (folders_.contains(target)) return FileStatus::AccessDenied;
   if (!IsFolder(FolderOf(target))) return FileStatus::PathNotFound;
+  const auto old = files_.find(target);
+  const bool inUse = old != files_.end() && old->second->handles > 0;
+  if (inUse && !replacesOpenFiles_) return FileStatus::AccessDenied;
   const std::shared_ptr<Node> node = found->second;
   files_.erase(found);
   files_[target] = node;

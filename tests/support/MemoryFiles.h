@@ -36,6 +36,8 @@ class MemoryFiles final : public platform::Files {
   void FailNothing();
   // A write takes at most so many bytes at a time.
   void LimitWrites(std::size_t bytes) { writeLimit_ = bytes; }
+  // With false, replacing a file that is open answers AccessDenied, as on some systems.
+  void SetReplacesOpenFiles(bool can) { replacesOpenFiles_ = can; }
   // Calls made since the last FailCall or ForgetCalls.
   int Calls() const { return calls_; }
   int Calls(std::string_view name) const;
@@ -59,6 +61,7 @@ class MemoryFiles final : public platform::Files {
     std::string bytes;
     std::uint64_t identity = 0;
     bool readOnly = false;
+    int handles = 0;
     int shared = 0;
     bool exclusive = false;
   };
@@ -79,6 +82,7 @@ class MemoryFiles final : public platform::Files {
   std::uint64_t nextIdentity_ = 1;
   int calls_ = 0;
   int openFiles_ = 0;
+  bool replacesOpenFiles_ = true;
   int failAt_ = 0;
   bool failAlways_ = false;
   platform::FileStatus failWith_ = platform::FileStatus::Ok;
