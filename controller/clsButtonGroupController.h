@@ -4,18 +4,18 @@
 // a callback into the host. Its rooms are the source files named after what they do.
 //
 // What holds for every operation below:
-// - Groups are 0 (top buttons), 1 to 8 (groups of the screen) and 9 (bump buttons); button indices start at
-// 1;
-//   faders and levels are 0 to 100. "The page" is the current one of the show that is set up.
-// - Errors: 91 before Init (no show, form or lamp output yet) or where an object that is needed is none; 9
-// for
-//   a group outside 0 to 9; 6 and 11 from index arithmetic (overflow, a page size of 0); whatever the host
-//   raises in a callback. An operation described as quiet ends at a failure and answers what it had reached.
+// - Groups are 0 (top buttons), 1 to 8 (groups of the screen) and 9 (bump buttons); button indices start
+//   at 1; faders and levels are 0 to 100. "The page" is the current one of the show that is set up.
+// - Errors: 91 before Init (no show, form or lamp output yet) or where an object that is needed is none;
+//   9 for a group outside 0 to 9; 6 and 11 from index arithmetic (overflow, a page size of 0); whatever the
+//   host raises in a callback. An operation described as quiet ends at a failure and answers what it had
+//   reached.
 // - Every callback is synchronous and may call any operation again, replace the show or let go of every
 //   reference; state changes are complete when a callback that follows from them is made.
 // - Saving a group or a page lets the host process its pending messages once a group. Writing that fails is
 //   not reported.
 // - A lamp update reaches ILEDSetter.setLED (and StartLEDTimer or EndLEDTimer) only where a lamp changes.
+// - Lamps always show the page, also where a button of another page gave rise to the update.
 #pragma once
 
 #include <cstdint>
@@ -73,11 +73,13 @@ class clsButtonGroupController : public virtual IPageController {
   void formShutdown();
   // Sets up an empty show in place of the one before and writes its file. A file that cannot be written is
   // logged and shown (HideSplashScreen, then a message box) and the show is set up all the same. Ends the
-  // edit mode and forgets the edit button. Raises 75 or 76 when the folders cannot be made.
+  // edit mode and forgets the edit button, the source page of a move or copy and the pending assignment.
+  // Raises 75 or 76 when the folders cannot be made.
   void CreateNewShow(std::u16string_view showName);
   // Sets up the show that is on disk (none there: an empty one) and makes its first page current, with the
-  // callbacks of RefocusCurrentPage. No writability test. Raises 13 for a page file whose numbers cannot be
-  // read; the show is then set up as far as it was read, and its file is never written.
+  // callbacks of RefocusCurrentPage. No writability test. Ends the edit mode and forgets what CreateNewShow
+  // forgets. Raises 13 for a page file whose numbers cannot be read; the show is then set up as far as it was
+  // read, and its file is never written.
   void LoadShow(std::u16string_view showName);
   // Adds a page (empty, and written at once) or selects the one of that name, matched exactly; one that is
   // new becomes current only when it is the first. A page that becomes current reports its faders as
@@ -171,7 +173,7 @@ class clsButtonGroupController : public virtual IPageController {
   // Moves the group's highlight, wrapping at both ends; Highlight_NextAfter takes the button after
   // afterButton and, without one, only redraws. Callbacks: RefreshPage(IFSSRefresh_Control) for the button
   // left and the one reached, or, where goToHighlightPage brings another run into view,
-  // RefreshPage(IFSSRefresh_Group). Quiet.
+  // RefreshPage(IFSSRefresh_Group). Quiet; a search forward that fails leaves no button highlighted.
   void highlightButton(std::int32_t groupIndex, HighlightDirEnum dir, bool goToHighlightPage = true,
                        clsButton* afterButton = nullptr);
   // None when no button is highlighted.
@@ -198,8 +200,10 @@ class clsButtonGroupController : public virtual IPageController {
   // later ones move up by one (groups 0 and 9 get a second button of that index). Taking one out of groups 1
   // to 8 moves the later ones down by one. Both save the group and update its lamps; while a show loads, they
   // do not save. A button placed in group 9 gets bump mode and its fader at 0; one that leaves it loses bump
-  // mode. Indices go from 1 to 32 in group 0 and to ten times the page size elsewhere. Whatever acts on the
-  // edit button raises 91 when there is none.
+  // mode. Indices go from 1 to 32 in group 0 and to ten times the page size elsewhere. A move, a copy, a mark
+  // or fade and the answer yes to an overwrite check their target before any further callback, so that a
+  // refusal changes nothing; an assignment tells CompleteAssignment first. Whatever acts on the edit button
+  // raises 91 when there is none.
 
   // Makes a button in a slot (from 1) of the run that the group shows. Raises BGCErr_GroupOutOfRange or
   // BGCErr_ButtonIndexOutOfRange. With no real page: a severe log line and a message box, and it goes on.
@@ -214,8 +218,8 @@ class clsButtonGroupController : public virtual IPageController {
   // was; on no nothing.
   void setModeAssign(std::u16string_view buttonName, ButtonTypeEnum buttonType,
                      IAssignmentCallback* assignmentCallbackObj);
-  // In assign mode: brings the group's first free index into view and places the pending button there, with
-  // the callbacks of a click in assign mode. In other modes nothing.
+  // In assign mode: brings the group's first free index into view and places the pending button at that very
+  // index, in group 0 as well, with the callbacks of a click in assign mode. In other modes nothing.
   void autoAssignNextAvailable(std::int32_t groupIndex);
   // Sets the edit mode to EditMode_EditEnabled or EditMode_None and nothing else.
   void setModeEditing(bool enabled);
@@ -266,7 +270,8 @@ class clsButtonGroupController : public virtual IPageController {
   // ---- What buttons and lists report (controllerPlayState.cpp) ----
 
   // A button changed its play state. In this order: saves it into the current page unless suppressSave; sets
-  // its dimmer value; ButtonStateChanged; lists anew what plays in the group; HighlightBump (group 9);
+  // its dimmer value; ButtonStateChanged; lists anew what plays in the group (1 to 8) of the page, and of the
+  // button's own page where that is another; HighlightBump (group 9);
   // RefreshPage(IFSSRefresh_Control) when it is off; lamps; the record controller. A failure is logged with
   // the step it happened in (0 to 6) and ends it.
   void PlayStateChanged(clsButton* button, PSEventSourceEnum eventSource, std::int16_t mouseButton,
@@ -280,7 +285,9 @@ class clsButtonGroupController : public virtual IPageController {
   void DeferPlaystateFor(clsPage* page, clsButton* button, PlayStateEnum playState,
                          std::int32_t faderValue) override;
   // The first button of a group 1 to 8 becomes its highlighted one; when that leaves, the highlight goes to
-  // the next later one, or to none. userData is the clsButtonGroup.
+  // the next later one, or to none. Groups 0 and 9 hand no highlight on: one whose highlighted button leaves
+  // has none. What plays in a group 1 to 8 is listed anew where a playing button comes, leaves or is placed.
+  // userData is the clsButtonGroup.
   void ItemAdded(clsObjectList* list, Object* item, std::int32_t atIndex, Object* userData) override;
   void ItemRemoved(clsObjectList* list, Object* item, std::int32_t fromIndex, Object* userData) override;
 
@@ -364,6 +371,7 @@ class clsButtonGroupController : public virtual IPageController {
   static void ValidateGroup(std::int32_t groupIndex, std::u16string_view context);
   void ValidateButtonIndex(std::int32_t groupIndex, std::int32_t buttonIndex,
                            std::u16string_view context) const;
+  void ValidateForAssigning(std::int32_t groupIndex, std::int32_t buttonIndex) const;
   void ValidateForPlacing(std::int32_t groupIndex, std::int32_t buttonIndex) const;
   void AssignButtonAt(std::int32_t groupIndex, std::int32_t buttonIndex, std::u16string_view name,
                       ButtonTypeEnum buttonType);
@@ -372,7 +380,8 @@ class clsButtonGroupController : public virtual IPageController {
   void InsertIntoGroup(const Ref<clsPage>& page, const Ref<clsButton>& button);
   void TakeOutOfGroup(const Ref<clsPage>& page, const Ref<clsButton>& button);
   void LeavePage(const Ref<clsPage>& page, const Ref<clsButton>& button);
-  void ShiftButtons(ShiftModeEnum mode, std::int32_t groupIndex, std::int32_t fromListIndex, clsPage* page);
+  static void ShiftButtons(ShiftModeEnum mode, std::int32_t groupIndex, std::int32_t fromListIndex,
+                           const clsPage& page);
   void SaveGroup(const Ref<clsPage>& page, std::int32_t groupIndex) const;
   void MoveButtonTo(std::int32_t groupIndex, std::int32_t buttonIndex);
   void CopyButtonTo(std::int32_t groupIndex, std::int32_t buttonIndex);

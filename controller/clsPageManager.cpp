@@ -141,22 +141,27 @@ void clsPageManager::setShow(std::u16string_view pShowName, bool create) {
 }
 
 void clsPageManager::LoadShow() {
+  const LoadingMark loading(isLoading_);
+  if (showFile_->filename().empty()) {
+    modLog::Log(u"loadFromINI(): must set INI location in clsPageManager");
+    return;
+  }
+  LoadPageList();
+  if (Pages().Size() > 0) SetCurrentPage(PageAt(0), true);
+}
+
+// A list that was read half way must not be written back.
+void clsPageManager::LoadPageList() {
   const Ref<clsIniFile> loaded = showFile_;
   try {
-    const LoadingMark loading(isLoading_);
-    LoadPageList();
+    ReadPages();
   } catch (...) {
-    // A list that was read half way must not be written back.
     if (showFile_ == loaded) showFile_ = MakeRef<clsIniFile>();
     throw;
   }
 }
 
-void clsPageManager::LoadPageList() {
-  if (showFile_->filename().empty()) {
-    modLog::Log(u"loadFromINI(): must set INI location in clsPageManager");
-    return;
-  }
+void clsPageManager::ReadPages() {
   const Ref<clsObjectList> pages = MakeRef<clsObjectList>();
   pageList_ = pages;
   showFile_->UseSection(kSection);
@@ -167,7 +172,6 @@ void clsPageManager::LoadPageList() {
     modLog::LogFormat(LogLevel_3_INFO, u"loading from page: %s", name);
     pages->AddItem(CreatePage(name, false).get());
   }
-  if (pages->Size() > 0) SetCurrentPage(PageAt(0), true);
 }
 
 void clsPageManager::saveToINI(bool skipPages) {

@@ -59,7 +59,7 @@ void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing, P
   const std::int32_t groupIndex = existing->groupIndex;
   const std::int32_t buttonIndex = existing->buttonIndex;
   // Before the old button is gone.
-  ValidateForPlacing(groupIndex, buttonIndex);
+  ValidateForAssigning(groupIndex, buttonIndex);
   editButton_ = existing;
   DeleteButton(true);
   pending_ = pending;
@@ -124,11 +124,9 @@ void clsButtonGroupController::EndEditMode() {
   Form()->DisableEditMode();
 }
 
-// Not as the user, so that it is not recorded. The button knows its control even where it is not laid out.
+// Not as the user, so that it is not recorded.
 void clsButtonGroupController::SwitchOnForEditing(clsButton& button) const {
   if (button.playState() != PlayState_Off) return;
-  button.controlIndex =
-      modControlIndex::controlIndexFromButtonIndex(buttonsPerGroup_, button.groupIndex, button.buttonIndex);
   button.setPlayState(PlayState_On, PSEventSource_AutoRelease, kLeftButton, 0, 0, 0);
 }
 

@@ -36,19 +36,25 @@ void Unhighlight(const Ref<clsButton>& button) {
   if (button) button->isHighlighted = false;
 }
 
+// A search that fails finds none.
+Ref<clsButton> NextOf(const clsButtonGroup& group, std::int32_t afterIndex) {
+  Ref<clsButton> result;
+  Quietly([&] { result = ButtonAfter(*ButtonsOf(group), afterIndex); });
+  return result;
+}
+
 // The button that takes over the highlight; for a direction that names none, the one that has it.
 Ref<clsButton> NextHighlight(const clsButtonGroup& group, HighlightDirEnum dir, clsButton* afterButton) {
   const Ref<clsButton> current = group.highlightedButton;
-  const Ref<clsObjectList> buttons = ButtonsOf(group);
   switch (dir) {
     case Highlight_First:
-      return ButtonAfter(*buttons, kBelowAll);
+      return NextOf(group, kBelowAll);
     case Highlight_Prev:
-      return ButtonBefore(*buttons, current ? current->buttonIndex : kAboveAll);
+      return ButtonBefore(*ButtonsOf(group), current ? current->buttonIndex : kAboveAll);
     case Highlight_Next:
-      return ButtonAfter(*buttons, current ? current->buttonIndex : kBelowAll);
+      return NextOf(group, current ? current->buttonIndex : kBelowAll);
     case Highlight_NextAfter:
-      return afterButton == nullptr ? current : ButtonAfter(*buttons, afterButton->buttonIndex);
+      return afterButton == nullptr ? current : NextOf(group, afterButton->buttonIndex);
   }
   return current;
 }
@@ -105,7 +111,7 @@ Ref<clsButton> clsButtonGroupController::getPrevButton(std::int32_t groupIndex, 
 
 Ref<clsButton> clsButtonGroupController::getNextButton(std::int32_t groupIndex, std::int32_t afterIndex) {
   Ref<clsButton> result;
-  Quietly([&] { result = ButtonAfter(*ButtonsOf(*Group(groupIndex)), afterIndex); });
+  Quietly([&] { result = NextOf(*Group(groupIndex), afterIndex); });
   return result;
 }
 

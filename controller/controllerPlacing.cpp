@@ -53,6 +53,10 @@ void clsButtonGroupController::ValidateButtonIndex(std::int32_t groupIndex, std:
   Refuse(BGCErr_ButtonIndexOutOfRange, buttonIndex, u" - invalid buttonIndex: ", context);
 }
 
+void clsButtonGroupController::ValidateForAssigning(std::int32_t groupIndex, std::int32_t buttonIndex) const {
+  ValidateButtonIndex(groupIndex, buttonIndex, kAssignContext);
+}
+
 void clsButtonGroupController::ValidateForPlacing(std::int32_t groupIndex, std::int32_t buttonIndex) const {
   ValidateButtonIndex(groupIndex, buttonIndex, kInternalContext);
 }
@@ -68,7 +72,7 @@ void clsButtonGroupController::assignButton(std::int32_t groupIndex, std::int32_
 
 void clsButtonGroupController::AssignButtonAt(std::int32_t groupIndex, std::int32_t buttonIndex,
                                               std::u16string_view name, ButtonTypeEnum buttonType) {
-  ValidateButtonIndex(groupIndex, buttonIndex, kAssignContext);
+  ValidateForAssigning(groupIndex, buttonIndex);
   const Ref<clsPage> page = CurrentPage();
   const Ref<clsButton> button = MakeRef<clsButton>();
   button->InitWithValues(page.get(), groupIndex, buttonIndex, name, buttonType, this);
@@ -94,7 +98,7 @@ void clsButtonGroupController::InsertIntoGroup(const Ref<clsPage>& page, const R
   const Ref<clsButtonGroup> group = GroupOf(*page, button->groupIndex);
   const Ref<clsObjectList> buttons = ButtonsOf(*group);
   const std::int32_t taken = PositionOfIndex(*buttons, button->buttonIndex);
-  if (taken >= 0) ShiftButtons(ShiftMode_Insert, button->groupIndex, taken, page.get());
+  if (taken >= 0) ShiftButtons(ShiftMode_Insert, button->groupIndex, taken, *page);
   buttons->AddItem(button.get());
   buttons->SortInPlace(nullptr, false, u"buttonIndex");
   if (IsScreenGroup(group->groupIndex())) RebuildNowPlaying(*group);
@@ -105,17 +109,16 @@ void clsButtonGroupController::TakeOutOfGroup(const Ref<clsPage>& page, const Re
   const std::int32_t position = buttons->FindObject(button.get());
   if (position < 0) return;
   buttons->Remove(position);
-  ShiftButtons(ShiftMode_Delete, button->groupIndex, position, page.get());
+  ShiftButtons(ShiftMode_Delete, button->groupIndex, position, *page);
 }
 
 void clsButtonGroupController::ShiftButtons(ShiftModeEnum mode, std::int32_t groupIndex,
-                                            std::int32_t fromListIndex, clsPage* page) {
+                                            std::int32_t fromListIndex, const clsPage& page) {
   if (!IsScreenGroup(groupIndex)) {
     modLog::Log(u"BGC.ShiftButtons(): attempted to shift a group outside of 1-8");
     return;
   }
-  const Ref<clsPage> shifted = page == nullptr ? CurrentPage() : Ref<clsPage>(page);
-  RenumberFrom(*ButtonsOf(*GroupOf(*shifted, groupIndex)), fromListIndex, mode);
+  RenumberFrom(*ButtonsOf(*GroupOf(page, groupIndex)), fromListIndex, mode);
 }
 
 void clsButtonGroupController::SaveGroup(const Ref<clsPage>& page, std::int32_t groupIndex) const {

@@ -32,17 +32,19 @@ bool IsOnOrOff(const clsButton& button) {
   return button.playState() == PlayState_On || button.playState() == PlayState_Off;
 }
 
-// Groups 0 and 9 hand no highlight on; a button that leaves them takes none with it either.
 void HandHighlightOn(clsButtonGroup& group, const clsObjectList& list, clsButton& removed,
                      std::int32_t fromIndex) {
   removed.isHighlighted = false;
-  if (!IsScreenGroup(group.groupIndex())) {
-    group.highlightedButton = nullptr;
-    return;
-  }
   const Ref<clsButton> heir = HeirOf(list, removed, fromIndex);
   if (heir) heir->isHighlighted = true;
   group.highlightedButton = heir;
+}
+
+// Groups 0 and 9 hand no highlight on, but a button that left is nobody's highlight.
+void DropHighlight(clsButtonGroup& group, clsButton& removed) {
+  if (group.highlightedButton != &removed) return;
+  removed.isHighlighted = false;
+  group.highlightedButton = nullptr;
 }
 
 }  // namespace
@@ -151,13 +153,12 @@ void clsButtonGroupController::ItemRemoved(clsObjectList* list, Object* item, st
                                            Object* userData) {
   auto& group = Cast<clsButtonGroup>(userData);
   auto& removed = Cast<clsButton>(item);
+  if (!IsScreenGroup(group.groupIndex())) return DropHighlight(group, removed);
   // While highlightButton tells the form, its button is the group's highlight without being marked so.
   if (removed.isHighlighted || group.highlightedButton == &removed) {
     HandHighlightOn(group, Given(list), removed, fromIndex);
   }
-  if (IsScreenGroup(group.groupIndex()) && removed.playState() == PlayState_On) {
-    RebuildNowPlayingWithout(group, *list, removed, fromIndex);
-  }
+  if (removed.playState() == PlayState_On) RebuildNowPlayingWithout(group, Given(list), removed, fromIndex);
 }
 
 }  // namespace vestrel

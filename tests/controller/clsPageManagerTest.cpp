@@ -205,6 +205,25 @@ TEST_F(clsPageManagerTest, AFailedLoadLeavesTheShowFileUnboundAndAsItWas) {
   EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 1|Act 2\r\n");
 }
 
+TEST_F(clsPageManagerTest, AHostThatFailsWhenTheFirstPageGainsFocusUnbindsNothing) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  manager->SetPage(u"Act 2");
+  bool loading = false;
+  transcript.onCall = [&](const std::string&) {
+    loading = manager->IsLoading();
+    throw Error(5, u"host", u"host failed");
+  };
+  EXPECT_RAISES(5, Reload());
+  EXPECT_TRUE(loading);
+  EXPECT_FALSE(manager->IsLoading());
+  EXPECT_EQ(Names(manager->GetPageNames()), "Act 1|Act 2");
+  EXPECT_EQ(manager->CurrentPageName(), u"Act 1");
+  transcript.onCall = nullptr;
+  manager->SetPage(u"Act 3");
+  EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 1|Act 2|Act 3\r\n");
+}
+
 TEST_F(clsPageManagerTest, ANameWithTheDelimiterSplitsWhenLoadedAgain) {
   NewShow();
   manager->SetPage(u"Act|1");

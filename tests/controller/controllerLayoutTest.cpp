@@ -263,6 +263,21 @@ TEST_F(controllerLayoutTest, AFailureWhileHighlightingIsQuiet) {
   EXPECT_EQ(Highlight(), "2@2/2");
 }
 
+TEST_F(controllerLayoutTest, ASearchForwardThatFailsLeavesNoHighlight) {
+  for (const HighlightDirEnum dir : {Highlight_First, Highlight_Next, Highlight_NextAfter}) {
+    Group(2)->buttons->Clear();
+    const Ref<clsButton> one = Assign(2, 1, u"One");
+    const auto list = MakeRef<clsObjectList>();
+    list->AddItem(BoxString(u"no button").get());
+    Group(2)->buttons = list;
+    EXPECT_RAISES(0, controller->highlightButton(2, dir, true, one.get()));
+    EXPECT_FALSE(Group(2)->highlightedButton);
+    EXPECT_FALSE(one->isHighlighted);
+    EXPECT_THAT(transcript.Take(), testing::ElementsAre("RefreshPage(2, 0, One@2/1)"));
+    Group(2)->Init(2, controller.get());
+  }
+}
+
 TEST_F(controllerLayoutTest, AHighlightMovedFromTheCallbackLeavesOneFlag) {
   Fill({2, 5, 9});
   transcript.onCall = [&](const std::string&) {

@@ -335,6 +335,31 @@ TEST_F(controllerPlayStateTest, RemovingTheOnlyButtonLeavesNoHighlight) {
   EXPECT_FALSE(Group(2)->highlightedButton);
 }
 
+TEST_F(controllerPlayStateTest, TopAndBumpGroupsHandNoHighlightOn) {
+  for (const std::int32_t g : {0, 9}) {
+    const Ref<clsButton> one = Assign(g, 1, u"One");
+    const Ref<clsButton> two = Assign(g, 2, u"Two");
+    controller->highlightButton(g, Highlight_First, false);
+    ASSERT_EQ(Group(g)->highlightedButton, one);
+    Group(g)->buttons->Remove(0);
+    EXPECT_FALSE(Group(g)->highlightedButton);
+    EXPECT_FALSE(one->isHighlighted);
+    EXPECT_FALSE(two->isHighlighted);
+  }
+}
+
+TEST_F(controllerPlayStateTest, AFlagOnAnotherTopOrBumpButtonDropsNoHighlight) {
+  for (const std::int32_t g : {0, 9}) {
+    const Ref<clsButton> one = Assign(g, 1, u"One");
+    const Ref<clsButton> two = Assign(g, 2, u"Two");
+    controller->highlightButton(g, Highlight_First, false);
+    two->isHighlighted = true;
+    Group(g)->buttons->Remove(1);
+    EXPECT_EQ(Group(g)->highlightedButton, one);
+    EXPECT_TRUE(one->isHighlighted);
+  }
+}
+
 TEST_F(controllerPlayStateTest, TheHighlightIsHandedOnInTheGroupThatReported) {
   Assign(2, 1, u"One");
   const Ref<clsButton> two = Assign(2, 2, u"Two");
