@@ -100,6 +100,15 @@ TEST_F(clsPageManagerTest, APageThatIsNotThereIsMadeWhateverCreateSays) {
   EXPECT_EQ(Names(manager->GetPageNames()), "Act 1");
 }
 
+TEST_F(clsPageManagerTest, AddingAPageWritesThatPageAndTheListOnly) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  files.Put(PageFile(u"Act 1"), "as it was");
+  manager->SetPage(u"Act 2");
+  EXPECT_EQ(files.Get(PageFile(u"Act 1")), "as it was");
+  EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 1|Act 2\r\n");
+}
+
 TEST_F(clsPageManagerTest, SettingTheCurrentPageDoesNothing) {
   NewShow();
   manager->SetPage(u"Act 1");
@@ -276,6 +285,21 @@ TEST_F(clsPageManagerTest, DeletingAnotherPageFocusesTheFirstAgain) {
   manager->DeletePage(u"Act 2", u"");
   EXPECT_EQ(manager->CurrentPageName(), u"Act 1");
   EXPECT_EQ(transcript.Take("GetUIFaderValues").size(), 1U);
+}
+
+TEST_F(clsPageManagerTest, DeletingTheCurrentFirstPageTakesItsFocusAndShowsTheNext) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  manager->SetPage(u"Act 2");
+  const Ref<clsPage> first = manager->CurrentPage();
+  first->ButtonGroups(3)->Fader()->SetOuterValue(0);
+  ASSERT_TRUE(first->ButtonGroups(3)->Fader()->Engaged());
+  transcript.Take();
+  manager->DeletePage(u"Act 1", u"");
+  EXPECT_FALSE(first->ButtonGroups(3)->Fader()->Engaged());
+  EXPECT_EQ(manager->CurrentPageName(), u"Act 2");
+  EXPECT_EQ(transcript.Take("GetUIFaderValues").size(), 1U);
+  EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 2\r\n");
 }
 
 TEST_F(clsPageManagerTest, DeletingTheLastPageLeavesThePlaceholderWithoutFocusCalls) {

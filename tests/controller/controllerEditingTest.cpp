@@ -14,12 +14,17 @@ class controllerEditingTest : public ControllerFixture {
  protected:
   controllerEditingTest() { NewShow(); }
 
-  // The edit mode as a click on the empty control 44 (group 3, slot 4) shows it.
+  // The edit mode as a click on the empty control 44 (group 3, slot 4) shows it, and where that does nothing
+  // one on control 37, which has a button.
   std::string ModeByClick() {
     transcript.Take();
     Click(44);
     const Calls calls = transcript.Take();
-    if (calls.empty()) return "none";
+    if (calls.empty()) {
+      Click(37);
+      const Calls answers = transcript.Take();
+      return answers.empty() ? "?" : answers[0].starts_with("ShowEditPopup") ? "edit" : "none";
+    }
     for (const std::string& call : calls) {
       if (call.starts_with("CompleteAssignment")) return "assign";
       if (call.starts_with("CopyButtonFiles")) return "copy";
@@ -88,21 +93,19 @@ TEST_P(controllerTransitionTest, EndsInTheModeOfTheTable) {
   EXPECT_EQ(ModeByClick(), GetParam().to);
 }
 
-// A click on an empty slot shows "none" in EditEnabled as well; what tells them apart is whether it clears
-// the edit button, which the next test looks at.
 INSTANTIATE_TEST_SUITE_P(
     Table, controllerTransitionTest,
-    testing::Values(Transition{"editing on", "editing on", "none"},
+    testing::Values(Transition{"editing on", "editing on", "edit"},
                     Transition{"editing on", "editing off", "none"},
                     Transition{"editing on", "assign", "assign"}, Transition{"editing on", "move", "move"},
                     Transition{"editing on", "copy", "copy"}, Transition{"editing on", "edit", "none"},
-                    Transition{"assign", "editing on", "none"}, Transition{"assign", "editing off", "none"},
+                    Transition{"assign", "editing on", "edit"}, Transition{"assign", "editing off", "none"},
                     Transition{"assign", "assign", "assign"}, Transition{"assign", "move", "move"},
                     Transition{"assign", "copy", "copy"}, Transition{"assign", "edit", "none"},
-                    Transition{"move", "editing on", "none"}, Transition{"move", "editing off", "none"},
+                    Transition{"move", "editing on", "edit"}, Transition{"move", "editing off", "none"},
                     Transition{"move", "assign", "assign"}, Transition{"move", "move", "move"},
                     Transition{"move", "copy", "copy"}, Transition{"move", "edit", "none"},
-                    Transition{"copy", "editing on", "none"}, Transition{"copy", "editing off", "none"},
+                    Transition{"copy", "editing on", "edit"}, Transition{"copy", "editing off", "none"},
                     Transition{"copy", "assign", "assign"}, Transition{"copy", "move", "move"},
                     Transition{"copy", "copy", "copy"}, Transition{"copy", "edit", "none"}));
 
@@ -177,6 +180,26 @@ TEST_F(controllerEditingTest, AnExistingNameIsNotOverwrittenUnlessWanted) {
   EXPECT_THAT(TakeLog(), ElementsAre("[Info] cancelling button assignment -- no overwrite wanted"));
   EXPECT_EQ(Buttons(2), "Intro@2/1");
   EXPECT_EQ(ModeByClick(), "none");
+}
+
+TEST_F(controllerEditingTest, ARefusedOverwriteKeepsModeAndPendingButton) {
+  const Ref<clsButton> intro = Assign(2, 1, u"Intro");
+  const auto refuse = [&] { controller->setModeAssign(u"Intro", ButtonType_Auto, nullptr); };
+  StartAssign(u"New");
+  refuse();
+  EXPECT_EQ(ModeByClick(), "assign");
+  const Ref<clsButton> placed = controller->buttonWithIndex(3, 4);
+  ASSERT_TRUE(placed);
+  EXPECT_EQ(placed->name, u"New");
+  EXPECT_EQ(placed->buttonType, ButtonType_Multi);
+  controller->removeButton(placed.get());
+  controller->setModeEditing(true);
+  refuse();
+  EXPECT_EQ(ModeByClick(), "edit");
+  controller->setModeMove();
+  refuse();
+  EXPECT_EQ(ModeByClick(), "move");
+  EXPECT_EQ(Buttons(3), "Intro@3/4");
 }
 
 TEST_F(controllerEditingTest, OverwritingPutsTheNewButtonInTheOldOnesPlace) {
@@ -324,6 +347,25 @@ TEST_F(controllerEditingTest, EditingACueTellsTheFormOnlyInAnEnabledEditMode) {
   controller->setModeEditing(false);
   controller->beginEditCue();
   EXPECT_THAT(transcript.Take(), IsEmpty());
+}
+
+TEST_F(controllerEditingTest, EditingACueSwitchesOnAsAutomaticRelease) {
+  const Ref<clsButton> intro = Assign(2, 1, u"Intro");
+  Pick(*intro);
+  controller->beginEditCue();
+  const Calls calls = transcript.Take();
+  EXPECT_EQ(calls.front(), "ButtonStateChanged(Intro@2/1, 1, 0, 0, 0)");
+  EXPECT_THAT(calls, Contains("ButtonPlaystateChanged(Intro@2/1, 1, 1, 0, 0, 0)"));
+}
+
+TEST_F(controllerEditingTest, EditingSwitchesOnOnlyWhatIsOff) {
+  const Ref<clsButton> intro = Assign(2, 1, u"Intro");
+  Pick(*intro);
+  intro->setPlayState(PlayState_Null, PSEventSource_User, 1, 0, 0, 0, true);
+  controller->beginEditCue();
+  controller->setModeAdjFadeInOut();
+  EXPECT_EQ(intro->playState(), PlayState_Null);
+  EXPECT_THAT(transcript.Take(), ElementsAre("DisableEditMode()", "DisableEditMode()", "SetFlashing(false)"));
 }
 
 TEST_F(controllerEditingTest, DeletingTakesTheStepsInOrder) {

@@ -85,6 +85,31 @@ TEST_F(controllerFadersTest, NothingFiresWithoutAHighlightOrWhilePlayingOrFromAn
   EXPECT_THAT(transcript.Take("GoFromSubmaster"), IsEmpty());
 }
 
+TEST_F(controllerFadersTest, WithoutAHighlightOrWhilePlayingARaiseOnlySavesAndReports) {
+  TurnOn(*Assign(2, 1, u"Playing"));
+  for (const std::int32_t g : {1, 2}) {
+    files.Put(kPageFile, "");
+    controller->groupFaderChanged(g, 1);
+    EXPECT_EQ(PageBytes(), "[ButtonGroup" + std::to_string(g) + "]\r\npageOffset=0\r\nfaderValue=1\r\n");
+    EXPECT_THAT(transcript.Take(),
+                ElementsAre("UpdateFaderModelValue(0, " + std::to_string(g) + ", 1, true, -)"));
+  }
+}
+
+TEST_F(controllerFadersTest, TopAndBumpGroupsSaveAndReportButFireNothing) {
+  for (const std::int32_t g : {0, 9}) {
+    Assign(g, 1, u"Highlit");
+    controller->highlightButton(g, Highlight_First, false);
+    Forget();
+    files.Put(kPageFile, "");
+    controller->groupFaderChanged(g, 40);
+    // Their sections hold no fader value.
+    EXPECT_EQ(PageBytes(), "[ButtonGroup" + std::to_string(g) + "]\r\npageOffset=0\r\n");
+    EXPECT_THAT(transcript.Take(),
+                ElementsAre("UpdateFaderModelValue(0, " + std::to_string(g) + ", 40, true, -)"));
+  }
+}
+
 TEST_F(controllerFadersTest, AnyGroupHasAFaderAndAnotherIndexIsQuiet) {
   EXPECT_RAISES(0, controller->groupFaderChanged(12, 10));
   EXPECT_RAISES(0, controller->groupFaderChanged(-1, 10));

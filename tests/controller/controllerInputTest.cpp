@@ -275,10 +275,13 @@ TEST_F(controllerInputTest, GoWithNothingHighlightedHighlightsTheFirst) {
 TEST_F(controllerInputTest, GoIsForTheEightGroupsOnly) {
   Assign(0, 1, u"Top");
   Assign(9, 1, u"Bump");
+  for (const std::int32_t group : {0, 9}) controller->highlightButton(group, Highlight_First, false);
   modLog::SetLogLevel(LogLevel_4_SPEW);
+  Forget();
   for (const std::int32_t group : {-1, 0, 9, 10}) controller->buttonGroupGo(group);
   EXPECT_THAT(transcript.Take(), IsEmpty());
   EXPECT_THAT(TakeLog(), Not(Contains(HasSubstr("buttonGroupGo"))));
+  EXPECT_EQ(Text(controller->getHighlightedButton(9)), "Bump@9/1");
 }
 
 TEST_F(controllerInputTest, GoBeforeInitHasFinishedDoesNothing) {

@@ -16,6 +16,16 @@ class controllerLayoutTest : public ControllerFixture {
   void Fill(const std::vector<std::int32_t>& indices, std::int32_t group = 2) {
     for (const std::int32_t index : indices) Assign(group, index, LongToText(index));
   }
+  // A list of new buttons named "New".
+  Ref<clsObjectList> ListOf(std::int32_t group, const std::vector<std::int32_t>& indices) {
+    Ref<clsObjectList> list = MakeRef<clsObjectList>();
+    for (const std::int32_t index : indices) {
+      const auto button = MakeRef<clsButton>();
+      button->InitWithValues(Page().get(), group, index, u"New", ButtonType_Multi, controller.get());
+      list->AddItem(button.get());
+    }
+    return list;
+  }
   std::string Highlight() { return Text(controller->getHighlightedButton(2)); }
 };
 
@@ -312,12 +322,7 @@ TEST_F(controllerLayoutTest, AButtonIsFoundByItsIndex) {
 TEST_F(controllerLayoutTest, AReplacedListIsSavedAndThePageReadAnew) {
   const Ref<clsButton> old = Assign(2, 1, u"Old");
   TurnOn(*Assign(3, 1, u"Playing"));
-  const auto list = MakeRef<clsObjectList>();
-  for (const std::int32_t index : {1, 3}) {
-    const auto button = MakeRef<clsButton>();
-    button->InitWithValues(Page().get(), 2, index, u"New", ButtonType_Multi, controller.get());
-    list->AddItem(button.get());
-  }
+  const Ref<clsObjectList> list = ListOf(2, {1, 3});
   const Ref<clsPage> page = Page();
   controller->setButtonGroupButtonList(2, list.get());
   EXPECT_EQ(Page(), page);
@@ -329,6 +334,27 @@ TEST_F(controllerLayoutTest, AReplacedListIsSavedAndThePageReadAnew) {
   EXPECT_THAT(PageBytes(), HasSubstr("usedIndices=1|3\r\n"));
   EXPECT_EQ(transcript.Take()[0], "GetUIFaderValues()");
   EXPECT_EQ(old->name, u"Old");
+}
+
+TEST_F(controllerLayoutTest, TopAndBumpGroupsTakeAReplacedListToo) {
+  for (const std::int32_t g : {0, 9}) {
+    controller->setButtonGroupButtonList(g, ListOf(g, {1, 3}).get());
+    const std::string at = "New@" + std::to_string(g);
+    EXPECT_EQ(Buttons(g), at + "/1 " + at + "/3");
+    EXPECT_FALSE(Group(g)->highlightedButton);
+  }
+}
+
+TEST_F(controllerLayoutTest, OnAPageThatIsNotReadAReplacedListIsWrittenAndGone) {
+  controller->SetPersist(false);
+  controller->AddPage(u"Act 2");
+  controller->SetPage(u"Act 2");
+  Forget();
+  controller->setButtonGroupButtonList(2, ListOf(2, {1, 3}).get());
+  EXPECT_EQ(Buttons(2), "");
+  EXPECT_THAT(files.Get(u"C:\\app\\Sequences\\Gala\\Act 2\\pageSetting.ini"),
+              HasSubstr("usedIndices=1|3\r\n"));
+  EXPECT_EQ(transcript.Take()[0], "GetUIFaderValues()");
 }
 
 TEST_F(controllerLayoutTest, AListThatCannotBeAGroupsIsRefused) {
@@ -369,6 +395,13 @@ TEST_F(controllerLayoutTest, AButtonIsVisibleWithinTheRunOfItsGroup) {
   EXPECT_TRUE(controller->buttonIsVisible(second.get()));
   second->groupIndex = 12;
   EXPECT_FALSE(controller->buttonIsVisible(second.get()));
+}
+
+TEST_F(controllerLayoutTest, ATopButtonIsVisibleByTheSameRange) {
+  const Ref<clsButton> inside = Assign(0, 4, u"Inside");
+  const Ref<clsButton> outside = Assign(0, 5, u"Outside");
+  EXPECT_TRUE(controller->buttonIsVisible(inside.get()));
+  EXPECT_FALSE(controller->buttonIsVisible(outside.get()));
 }
 
 TEST_F(controllerLayoutTest, ResettingVisibilityTakesEveryControlAway) {

@@ -317,8 +317,10 @@ TEST_F(controllerPlacingTest, ATargetOutOfRangeLosesNoButton) {
   controller->setModeMove();
   Forget();
   Group(3)->pageOffset = 10;
+  const std::string before = PageBytes();
   EXPECT_EQ(DescriptionOf([&] { Click(41); }),
             u"41 - invalid buttonIndex: clsButtonGroupController.assignButtonInternal");
+  EXPECT_EQ(PageBytes(), before);
   EXPECT_EQ(Buttons(2), "1@2/1 2@2/2");
   EXPECT_THAT(transcript.Take(), IsEmpty());
   // The mode is still on: the operator may try another target.

@@ -186,6 +186,7 @@ TEST_F(controllerPlayStateTest, ADimmerValueThatCannotBeFoundIsLocationOne) {
   unmade->groupIndex = 9;
   controller->PlayStateChanged(unmade.get(), PSEventSource_User, 1, 0, 0, 0, true);
   EXPECT_THAT(Failures(), ElementsAre(" PlayStateChanged:Object variable not set Location:1"));
+  EXPECT_THAT(transcript.Take(), IsEmpty());
 }
 
 TEST_F(controllerPlayStateTest, AListThatCannotBeReadIsLocationThree) {
@@ -194,6 +195,7 @@ TEST_F(controllerPlayStateTest, AListThatCannotBeReadIsLocationThree) {
   Group(2)->buttons->AddItem(BoxString(u"no button").get());
   Set(*intro, PlayState_On, true);
   EXPECT_THAT(Failures(), ElementsAre(" PlayStateChanged:Type mismatch Location:3"));
+  EXPECT_THAT(transcript.Take(), ElementsAre("ButtonStateChanged(Intro@2/1, 2, 1, 3, 4)"));
 }
 
 TEST_F(controllerPlayStateTest, ALampOutsideTheTopRowsIsLocationSix) {
