@@ -53,7 +53,7 @@ std::int32_t FreeNumber() {
 
 void Open(std::int32_t number, std::u16string_view path, Mode mode) {
   if (number < 1 || number > kHighestNumber) RaiseError(Error_BadFileNameOrNumber, kSource, path);
-  if (Files().count(number) != 0 || IsOpenAgainst(path, mode)) {
+  if (Files().contains(number) || IsOpenAgainst(path, mode)) {
     RaiseError(Error_FileAlreadyOpen, kSource, path);
   }
   Entry entry;

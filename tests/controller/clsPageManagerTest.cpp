@@ -7,7 +7,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 // A manager of its own beside the controller's, which only answers for the faders.
 class clsPageManagerTest : public ControllerFixture {

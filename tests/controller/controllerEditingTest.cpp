@@ -8,7 +8,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class controllerEditingTest : public ControllerFixture {
  protected:

@@ -4,7 +4,6 @@
 namespace vestrel::test {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
