@@ -23,6 +23,7 @@ struct Case {
   std::int64_t items = 1;
   std::function<void()> work;
   std::function<void()> before = nullptr;
+  bool waits = false;
 };
 void Add(Case measured);
 
