@@ -88,7 +88,19 @@ std::int32_t clsObjectList::AddItemBefore(Object* item, std::int32_t before) {
 }
 
 std::int32_t clsObjectList::AddItem(Object* item) {
-  return InsertAt(item, 0, false);
+  return AppendQuietly(item) ? count_ - 1 : InsertAt(item, 0, false);
+}
+
+// The common case of appending to a list that nobody watches and that has room, where nothing can call back.
+bool clsObjectList::AppendQuietly(Object* item) {
+  const std::int32_t capacity = items_.capacity();
+  if (count_ < 0 || count_ >= capacity || eventHandler_) return false;
+  Object** const slots = items_.Writable(capacity);
+  if (slots[count_] != nullptr) return false;
+  if (item != nullptr) item->AddRef();
+  slots[count_++] = item;
+  ++changes_;
+  return true;
 }
 
 Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {

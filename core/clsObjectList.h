@@ -91,6 +91,7 @@ class clsObjectList : public Object {
   std::int32_t Capacity() const noexcept { return items_.capacity(); }
 
  private:
+  bool AppendQuietly(Object* item);
   std::int32_t InsertAt(Object* item, std::int32_t before, bool useBefore);
   std::int32_t InsertPosition(std::int32_t before) const;
   std::int32_t NormalisedIndex(std::int32_t index) const;

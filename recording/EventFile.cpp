@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
-#include "core/Cast.h"
 #include "core/Error.h"
-#include "core/clsDictionary.h"
-#include "platform/Platform.h"
 
 namespace vestrel {
 namespace {
 
 constexpr std::u16string_view kSource = u"vxEvent";
+// Lines up to this length are read whole.
+constexpr std::size_t kLongestLine = 1024;
 
 bool IsAscii(std::u16string_view text) noexcept {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
@@ -44,16 +43,20 @@ bool EventReader::Read(vxEvent& event) {
   EventLine line;
   const std::size_t size = NextLine(line);
   if (size == 0) return ReadFields(event);
-  const Binding& binding = BindingOf(line.name);
+  const ButtonNames::Binding& binding = names_.Of(line.name);
   event.Init(line.time, binding.button.get(), static_cast<vxEventTypeEnum>(line.eventType));
   event.SetExtras(line.mouseButton, line.shift, line.x, line.y);
   in_.TakeLine(size);
   return binding.known;
 }
 
+// 0 where the general reading must take over. The bytes at hand may end within the line; how far to look is
+// bounded, because many events may lie on one line.
 std::size_t EventReader::NextLine(EventLine& line) {
-  const std::size_t size = ReadEventLine(in_.Buffered(), line);
-  return size != 0 ? size : ReadEventLine(in_.AheadToLineEnd(), line);
+  const std::string_view atHand = in_.Buffered();
+  const std::size_t size = ReadEventLine(atHand.substr(0, kLongestLine), line);
+  if (size != 0 || atHand.size() >= kLongestLine) return size;
+  return ReadEventLine(in_.AheadToLineEnd().substr(0, kLongestLine), line);
 }
 
 bool EventReader::ReadFields(vxEvent& event) {
@@ -65,22 +68,9 @@ bool EventReader::ReadFields(vxEvent& event) {
   event.shift = in_.ReadShort();
   event.x = in_.ReadSingle();
   event.y = in_.ReadSingle();
-  const Binding binding = LookUp(name);
+  const ButtonNames::Binding binding = names_.LookUp(name);
   event.button = binding.button;
   return binding.known;
-}
-
-const EventReader::Binding& EventReader::BindingOf(std::string_view name) {
-  const auto found = bindings_.find(name);
-  if (found != bindings_.end()) return found->second;
-  return bindings_.emplace(name, LookUp(platform::encoding().Widen(name))).first->second;
-}
-
-EventReader::Binding EventReader::LookUp(std::u16string_view name) const {
-  if (buttonMap_ == nullptr) RaiseError(Error_ObjectNotSet, kSource);
-  if (!buttonMap_->HasKey(name)) return {};
-  const Ref<Object> value = buttonMap_->ValueOf(name);
-  return {true, CastOrNone<clsButton>(value.get())};
 }
 
 }  // namespace vestrel

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <string>
 
@@ -12,9 +13,9 @@ namespace vestrel {
 namespace {
 
 // Whole numbers of so many digits are floats exactly.
-constexpr std::ptrdiff_t kExactDigits = 7;
+constexpr std::size_t kExactDigits = 7;
 // As many as a 32-bit number has at most.
-constexpr std::ptrdiff_t kMostDigits = 10;
+constexpr std::size_t kMostDigits = 10;
 
 template <class Number>
 char* WriteNumber(char* out, Number value) noexcept {
@@ -27,80 +28,93 @@ char* WriteFloat(char* out, float value) {
   if (size < 1e6F) {
     const auto whole = static_cast<std::int32_t>(value);
     if (static_cast<float>(whole) == value) return WriteNumber(out, whole);
-    if (size >= 1e-4F) return std::to_chars(out, out + kEventLineRoom, value, std::chars_format::fixed).ptr;
+    if (size >= 1e-4F) {
+      return std::to_chars(out, out + kEventLineRoom, value, std::chars_format::fixed).ptr;
+    }
   }
   const std::string text = ToUtf8(SingleToText(value));
   return std::copy(text.begin(), text.end(), out);
 }
 
-// Walks over a line; turns bad at the first thing that is not as it should be.
+// Walks over a line up to its LF, which no step but the last passes; so none needs to look for the end of the
+// bytes. At the first thing that is not as it should be it goes to the LF and stays there.
 class Walk {
  public:
-  explicit Walk(std::string_view bytes) noexcept : at_(bytes.data()), end_(at_ + bytes.size()) {}
+  // `lineFeed` is where the LF stands.
+  Walk(const char* begin, const char* lineFeed) noexcept : at_(begin), lineFeed_(lineFeed) {}
 
-  bool good() const noexcept { return good_; }
-  const char* at() const noexcept { return at_; }
-
-  void Expect(char byte) noexcept {
-    good_ = good_ && at_ != end_ && *at_ == byte;
-    if (good_) ++at_;
+  // Whether all was as it should be and the LF comes next, behind a CR or not.
+  bool EndsWell() noexcept {
+    if (*at_ == '\r') ++at_;
+    return good_ && at_ == lineFeed_;
   }
 
-  void EndLine() noexcept {
-    if (at_ != end_ && *at_ == '\r') ++at_;
-    Expect('\n');
+  void Pass(char byte) noexcept {
+    if (*at_ != byte) return Fail();
+    ++at_;
   }
 
   template <class Integer>
   void Read(Integer& value) noexcept {
-    const bool negative = at_ != end_ && *at_ == '-';
-    std::int64_t number = 0;
-    const char* const digits = negative ? at_ + 1 : at_;
-    const char* const last = digits + std::min<std::ptrdiff_t>(end_ - digits, kMostDigits);
-    const char* next = digits;
-    while (next != last && IsDigit(*next)) number = number * 10 + (*next++ - '0');
-    if (negative) number = -number;
-    good_ = good_ && next != digits && number >= std::numeric_limits<Integer>::min() &&
-            number <= std::numeric_limits<Integer>::max();
-    at_ = next;
-    value = static_cast<Integer>(number);
+    const bool negative = PassSign();
+    const char* const digits = at_;
+    const std::uint64_t number = ReadDigits();
+    const auto count = static_cast<std::size_t>(at_ - digits);
+    const std::uint64_t most = std::uint64_t{std::numeric_limits<Integer>::max()} + (negative ? 1 : 0);
+    if (count - 1 >= kMostDigits || number > most) return Fail();
+    value = static_cast<Integer>(negative ? 0 - number : number);
   }
 
   void Read(float& value) noexcept {
     const char* const start = at_;
-    const bool negative = at_ != end_ && *at_ == '-';
-    const char* const digits = negative ? at_ + 1 : at_;
-    const char* const last = digits + std::min(end_ - digits, kExactDigits);
-    const char* next = digits;
-    std::int32_t whole = 0;
-    while (next != last && IsDigit(*next)) whole = whole * 10 + (*next++ - '0');
-    good_ = good_ && next != digits;
-    value = static_cast<float>(negative ? -whole : whole);
-    at_ = next;
-    const bool isWhole = next != end_ && (*next == ',' || *next == '\r' || *next == '\n');
-    if (good_ && (!isWhole || (negative && whole == 0))) ReadAny(start, value);
+    const bool negative = PassSign();
+    const char* const digits = at_;
+    const auto whole = static_cast<std::int32_t>(ReadDigits());
+    const auto count = static_cast<std::size_t>(at_ - digits);
+    const bool isWhole = *at_ == ',' || *at_ == '\r' || *at_ == '\n';
+    if (count == 0) return Fail();
+    if (!isWhole || count > kExactDigits) return ReadFraction(start, value);
+    value = negative ? -static_cast<float>(whole) : static_cast<float>(whole);
   }
 
   void ReadQuoted(std::string_view& value) noexcept {
-    Expect('"');
-    if (!good_) return;
-    const char* const start = at_;
-    while (at_ != end_ && *at_ != '"' && *at_ != '\r' && *at_ != '\n') ++at_;
-    value = {start, static_cast<std::size_t>(at_ - start)};
-    Expect('"');
+    Pass('"');
+    const auto left = static_cast<std::size_t>(lineFeed_ - at_);
+    const void* const quote = std::memchr(at_, '"', left);
+    if (quote == nullptr) return Fail();
+    value = {at_, static_cast<std::size_t>(static_cast<const char*>(quote) - at_)};
+    at_ = static_cast<const char*>(quote) + 1;
   }
 
  private:
-  void ReadAny(const char* start, float& value) noexcept {
-    const auto [next, problem] = std::from_chars(start, end_, value);
-    good_ = problem == std::errc();
+  void Fail() noexcept {
+    good_ = false;
+    at_ = lineFeed_;
+  }
+
+  bool PassSign() noexcept {
+    if (*at_ != '-') return false;
+    ++at_;
+    return true;
+  }
+
+  // Wraps where there are too many digits, which the callers see from their number.
+  std::uint64_t ReadDigits() noexcept {
+    std::uint64_t number = 0;
+    for (unsigned digit = DigitAt(at_); digit <= 9; digit = DigitAt(++at_)) number = number * 10 + digit;
+    return number;
+  }
+
+  void ReadFraction(const char* start, float& value) noexcept {
+    const auto [next, problem] = std::from_chars(start, lineFeed_, value);
+    if (problem != std::errc()) return Fail();
     at_ = next;
   }
 
-  static bool IsDigit(char byte) noexcept { return byte >= '0' && byte <= '9'; }
+  static unsigned DigitAt(const char* at) noexcept { return static_cast<unsigned char>(*at) - unsigned{'0'}; }
 
   const char* at_;
-  const char* end_;
+  const char* lineFeed_;
   bool good_ = true;
 };
 
@@ -129,22 +143,23 @@ char* WriteEventLine(char* out, const EventLine& line, std::u16string_view ascii
 }
 
 std::size_t ReadEventLine(std::string_view bytes, EventLine& line) noexcept {
-  Walk walk(bytes);
+  const std::size_t lineFeed = bytes.find('\n');
+  if (lineFeed == std::string_view::npos) return 0;
+  Walk walk(bytes.data(), bytes.data() + lineFeed);
   walk.Read(line.time);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.ReadQuoted(line.name);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.Read(line.eventType);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.Read(line.mouseButton);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.Read(line.shift);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.Read(line.x);
-  walk.Expect(',');
+  walk.Pass(',');
   walk.Read(line.y);
-  walk.EndLine();
-  return walk.good() ? static_cast<std::size_t>(walk.at() - bytes.data()) : 0;
+  return walk.EndsWell() ? lineFeed + 1 : 0;
 }
 
 }  // namespace vestrel

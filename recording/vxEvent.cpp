@@ -1,6 +1,7 @@
 #include "recording/vxEvent.h"
 
 #include "recording/EventFile.h"
+#include "recording/EventPool.h"
 #include "storage/TextFile.h"
 
 namespace vestrel {
@@ -10,11 +11,24 @@ thread_local std::uint64_t timeChanges = 0;
 
 }  // namespace
 
+static_assert(sizeof(vxEvent) <= EventPool::kBlockSize);
 static_assert(sizeof(void*) != 8 || sizeof(vxEvent) <= 40, "a recording holds a million of these");
 
 void vxEvent::SetTime(std::int32_t value) noexcept {
   if (value != time_) ++timeChanges;
   time_ = value;
+}
+
+void* vxEvent::operator new(std::size_t size) {
+  return size == sizeof(vxEvent) ? EventPool::Take() : ::operator new(size);
+}
+
+void vxEvent::operator delete(void* block, std::size_t size) noexcept {
+  if (size == sizeof(vxEvent)) {
+    EventPool::Give(block);
+  } else {
+    ::operator delete(block, size);
+  }
 }
 
 std::uint64_t vxEvent::TimeChanges() noexcept {

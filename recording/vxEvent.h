@@ -3,6 +3,7 @@
 // holds nothing else.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "controller/interfaces/Enumerations.h"
@@ -47,6 +48,10 @@ class vxEvent : public Object {
   // Writes its line to f, the number of a text file open for output. Raises 91 without a button, 52 for a
   // number that is not open, and the file's own errors.
   void WriteToFile(std::int16_t f) const;
+
+  // Events come from a pool of their own (recording/EventPool.h).
+  static void* operator new(std::size_t size);
+  static void operator delete(void* block, std::size_t size) noexcept;
 
   // How often the time of any event of this thread changed: while it stands still, a list that was found
   // sorted still is.

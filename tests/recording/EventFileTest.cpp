@@ -117,6 +117,26 @@ TEST_F(EventFileTest, ReadsWhatPeopleMakeOfIt) {
   }
 }
 
+TEST_F(EventFileTest, ManyEventsMayLieOnOneLine) {
+  std::string bytes = "20000";
+  for (int i = 0; i < 20000; ++i) bytes += "," + std::to_string(i) + R"(,"b",1,2,3,4,5)";
+  Load(bytes);
+  ASSERT_EQ(recorder->EventList()->Size(), 20000);
+  EXPECT_EQ(Cast<vxEvent>(recorder->EventList()->GetItem(-1).get()).time(), 19999);
+}
+
+TEST_F(EventFileTest, NamesOfEveryLengthAreToldApart) {
+  std::string bytes = "600\r\n";
+  for (int i = 0; i < 600; ++i) {
+    const std::string name = std::string(static_cast<std::size_t>(i % 40), 'n') + std::to_string(i / 40);
+    map->Add(FromUtf8(name), Button(FromUtf8(name)).get());
+    bytes += std::to_string(i) + ",\"" + name + "\",0,0,0,0,0\r\n";
+  }
+  Load(bytes);
+  ASSERT_EQ(recorder->EventList()->Size(), 600);
+  EXPECT_EQ(Saved(), bytes);
+}
+
 TEST_F(EventFileTest, ACountBelowTheLinesEndsTheReading) {
   Load("1\r\n10,\"a\",0,0,0,0,0\r\n20,\"b\",0,0,0,0,0\r\n");
   EXPECT_EQ(Fields(), "10 a 0 0 0 0 0\n");

@@ -1,0 +1,17 @@
+// Memory for events: blocks of one size cut from larger pieces, without a header of their own, so that a
+// recording of a million events is made and dropped quickly and takes no more than it holds. One pool a
+// thread; blocks are taken and given on the thread that owns the events. A piece goes back to the system with
+// its last block. With the address sanitizer, blocks come one by one from the system, which it watches.
+#pragma once
+
+#include <cstddef>
+
+namespace vestrel::EventPool {
+
+inline constexpr std::size_t kBlockSize = 40;
+
+// Raises what operator new raises.
+void* Take();
+void Give(void* block) noexcept;
+
+}  // namespace vestrel::EventPool

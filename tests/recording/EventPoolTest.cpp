@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <set>
+#include <vector>
+
+#include "recording/EventPool.h"
+
+namespace vestrel {
+namespace {
+
+// The sanitizer keeps blocks that came back.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kWatched = true;
+#else
+constexpr bool kWatched = false;
+#endif
+
+// Takes blocks and fills each with a byte of its own; a block that overlaps another shows as a wrong byte.
+class Blocks {
+ public:
+  ~Blocks() {
+    while (!blocks_.empty()) Give(0);
+  }
+
+  std::size_t size() const { return blocks_.size(); }
+  void Take() {
+    void* const block = EventPool::Take();
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(void*), 0U);
+    std::memset(block, ++last_, EventPool::kBlockSize);
+    blocks_.emplace_back(static_cast<unsigned char*>(block), last_);
+  }
+  void Give(std::size_t index) {
+    const auto [block, byte] = blocks_[index];
+    EXPECT_TRUE(std::all_of(block, block + EventPool::kBlockSize,
+                            [byte = byte](unsigned char b) { return b == byte; }));
+    EventPool::Give(block);
+    blocks_[index] = blocks_.back();
+    blocks_.pop_back();
+  }
+  std::set<void*> Addresses() const {
+    std::set<void*> addresses;
+    for (const auto& [block, byte] : blocks_) addresses.insert(block);
+    return addresses;
+  }
+
+ private:
+  std::vector<std::pair<unsigned char*, unsigned char>> blocks_;
+  unsigned char last_ = 0;
+};
+
+TEST(EventPoolTest, BlocksNeverOverlap) {
+  std::mt19937 random(9);
+  Blocks blocks;
+  for (int step = 0; step < 60000; ++step) {
+    const bool grow = random() % 1000 < (step / 10000 % 2 == 0 ? 700 : 300);
+    if (grow || blocks.size() == 0) {
+      blocks.Take();
+    } else {
+      blocks.Give(random() % blocks.size());
+    }
+  }
+}
+
+TEST(EventPoolTest, BlocksThatCameBackAreTakenAgain) {
+  Blocks blocks;
+  for (int i = 0; i < 5000; ++i) blocks.Take();
+  const std::set<void*> before = blocks.Addresses();
+  for (int i = 0; i < 100; ++i) blocks.Give(static_cast<std::size_t>(i));
+  for (int i = 0; i < 100; ++i) blocks.Take();
+  if (kWatched) return;
+  EXPECT_EQ(blocks.Addresses(), before);
+}
+
+}  // namespace
+}  // namespace vestrel
