@@ -385,14 +385,14 @@ class clsButtonGroupController : public virtual IPageController {
   void SaveGroup(const Ref<clsPage>& page, std::int32_t groupIndex) const;
   void MoveButtonTo(std::int32_t groupIndex, std::int32_t buttonIndex);
   void CopyButtonTo(std::int32_t groupIndex, std::int32_t buttonIndex);
-  void CopyFiles(const clsButton& button, const clsPage& source, std::u16string newName,
+  void CopyFiles(const clsButton& button, const clsPage& source, const std::u16string& newName,
                  const clsPage& target, bool deleteSource);
   Ref<clsPage> PageHolding(clsButton& button) const;
   Ref<clsPage> SourceOf(clsButton& button) const;
 
   // controllerEditing.cpp
   void AnnounceInvalidPage(std::u16string_view name) const;
-  void OverwriteButton(const Ref<clsButton>& existing, PendingAssignment pending);
+  void OverwriteButton(const Ref<clsButton>& existing, const PendingAssignment& pending);
   void PlacePendingButton(const Place& place, bool forceOverwrite);
   void StartPlacing(EditModeEnum mode);
   void SwitchOnForEditing(clsButton& button) const;

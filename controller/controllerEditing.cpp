@@ -42,14 +42,15 @@ void clsButtonGroupController::setModeAssign(std::u16string_view buttonName, But
   PendingAssignment pending{std::u16string(buttonName), buttonType, assignmentCallbackObj};
   const Ref<clsObjectList> buttons = getButtons();
   const std::int32_t position = buttons->FindFieldValue(u"name", buttonName);
-  if (position >= 0) return OverwriteButton(ButtonAt(*buttons, position), std::move(pending));
+  if (position >= 0) return OverwriteButton(ButtonAt(*buttons, position), pending);
   const Ref<IFormSequenceShortcuts> form = Form();
   editMode_ = EditMode_Assign;
   pending_ = std::move(pending);
   form->SetFlashing(true);
 }
 
-void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing, PendingAssignment pending) {
+void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing,
+                                               const PendingAssignment& pending) {
   const std::u16string question =
       modSprintf::Format(u"Do you want to overwrite the existing [%s] button?", pending.name);
   if (!Form()->PromptButtonOverwrite(question)) {

@@ -45,7 +45,7 @@ Ref<clsButton> NextOf(const clsButtonGroup& group, std::int32_t afterIndex) {
 
 // The button that takes over the highlight; for a direction that names none, the one that has it.
 Ref<clsButton> NextHighlight(const clsButtonGroup& group, HighlightDirEnum dir, clsButton* afterButton) {
-  const Ref<clsButton> current = group.highlightedButton;
+  Ref<clsButton> current = group.highlightedButton;
   switch (dir) {
     case Highlight_First:
       return NextOf(group, kBelowAll);
@@ -94,7 +94,7 @@ bool clsButtonGroupController::changeButtonGroupPageOffset(std::int32_t groupInd
 Ref<clsObjectList> clsButtonGroupController::getVisibleGroupButtons(std::int32_t groupIndex) {
   if (groupIndex < kFirstGroup || groupIndex > kLastGroup) return nullptr;
   const Ref<clsButtonGroup> group = Group(groupIndex);
-  const Ref<clsObjectList> buttons = ButtonsOf(*group);
+  Ref<clsObjectList> buttons = ButtonsOf(*group);
   if (groupIndex == kTopGroup) return buttons;
   if (groupIndex == kBumpGroup) return ButtonsBetween(*buttons, 1, kBumpFaders);
   const IndexRange range = VisibleRange(group->pageOffset, buttonsPerGroup_);

@@ -147,7 +147,7 @@ Ref<clsPage> clsButtonGroupController::PageHolding(clsButton& button) const {
 }
 
 Ref<clsPage> clsButtonGroupController::SourceOf(clsButton& button) const {
-  const Ref<clsPage> holder = PageHolding(button);
+  Ref<clsPage> holder = PageHolding(button);
   if (holder) return holder;
   return sourcePage_ ? sourcePage_ : CurrentPage();
 }
@@ -179,11 +179,13 @@ void clsButtonGroupController::CopyButtonTo(std::int32_t groupIndex, std::int32_
 
 // Names are taken by value: the host may rename while it copies.
 void clsButtonGroupController::CopyFiles(const clsButton& button, const clsPage& source,
-                                         std::u16string newName, const clsPage& target, bool deleteSource) {
-  const std::u16string sourcePage = source.pageName();
-  const std::u16string sourceName = button.name;
-  const std::u16string targetPage = target.pageName();
-  Form()->CopyButtonFiles(button.buttonType, sourcePage, sourceName, targetPage, newName, deleteSource);
+                                         const std::u16string& newName, const clsPage& target,
+                                         bool deleteSource) {
+  const std::u16string sourcePage{std::u16string_view(source.pageName())};
+  const std::u16string sourceName{std::u16string_view(button.name)};
+  const std::u16string targetPage{std::u16string_view(target.pageName())};
+  const std::u16string targetName{std::u16string_view(newName)};
+  Form()->CopyButtonFiles(button.buttonType, sourcePage, sourceName, targetPage, targetName, deleteSource);
 }
 
 }  // namespace vestrel

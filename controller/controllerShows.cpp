@@ -59,7 +59,7 @@ void clsButtonGroupController::Init(IFormSequenceShortcuts* form, std::u16string
 
 Ref<clsPageManager> clsButtonGroupController::InitShow() {
   modLog::Log(u"BGC InitShow()");
-  const Ref<clsPageManager> manager = MakeRef<clsPageManager>();
+  Ref<clsPageManager> manager = MakeRef<clsPageManager>();
   manager->Init(appPath_, this);
   const Ref<LEDManager> lamps = Lamps();
   pageManager_ = manager;
