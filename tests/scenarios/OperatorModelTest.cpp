@@ -629,8 +629,8 @@ void OperatorModelTest::Run(unsigned seed) {
 }
 
 int SeedsPerCase() {
-  const char* const suite = std::getenv("VESTREL_SUITE");
-  return suite != nullptr && std::string_view(suite) == "full" ? kSeedsInFull : 1;
+  const char* const scale = std::getenv("VESTREL_SCALE");
+  return scale != nullptr && std::string_view(scale) == "long" ? kSeedsInFull : 1;
 }
 
 TEST_P(OperatorModelTest, TheLibraryAndTheModelAgreeAfterEveryOperation) {

@@ -16,8 +16,8 @@ namespace vestrel::test {
 namespace {
 
 bool IsFullSuite() {
-  const char* const suite = std::getenv("VESTREL_SUITE");
-  return suite != nullptr && std::string_view(suite) == "full";
+  const char* const scale = std::getenv("VESTREL_SCALE");
+  return scale != nullptr && std::string_view(scale) == "long";
 }
 
 // What makes the callback come.
