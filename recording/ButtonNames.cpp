@@ -53,7 +53,7 @@ const ButtonNames::Binding& ButtonNames::Of(std::string_view narrowName) {
 // The slot that holds the name, or the free one where it belongs.
 std::size_t ButtonNames::SlotFor(std::string_view name, std::uint64_t hash) const noexcept {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = hash & mask;
+  std::size_t slot = static_cast<std::size_t>(hash) & mask;
   while (slots_[slot] != 0) {
     const Entry& entry = entries_[slots_[slot] - 1];
     if (entry.hash == hash && entry.name == name) break;

@@ -3,8 +3,10 @@
 #include "controller/ControlIndex.h"
 #include "core/Cast.h"
 #include "core/Error.h"
+#include "core/Version.h"
 #include "core/modObjectList.h"
 #include "storage/Folders.h"
+#include "storage/TextFile.h"
 #include "util/modLog.h"
 #include "util/modUtils.h"
 
@@ -15,6 +17,12 @@ template <class T>
 T& Given(T* object) {
   if (object == nullptr) RaiseError(Error_ObjectNotSet, u"VestrelStatic");
   return *object;
+}
+
+std::int32_t OpenTextFile(std::u16string_view filename, TextFile::Mode mode) {
+  const std::int32_t number = TextFile::FreeNumber();
+  TextFile::Open(number, filename, mode);
+  return number;
 }
 
 }  // namespace
@@ -123,6 +131,26 @@ Ref<clsObjectList> VestrelStatic::StringListFrom(std::span<const Variant> values
 Ref<clsObjectList> VestrelStatic::ListFromSplitString(std::u16string_view source,
                                                       std::u16string_view delim) const {
   return modObjectList::StringListFromSplit(source, delim);
+}
+
+std::u16string VestrelStatic::Version() const {
+  return std::u16string(vestrel::Version());
+}
+
+std::int32_t VestrelStatic::OpenTextFileForOutput(std::u16string_view filename) const {
+  return OpenTextFile(filename, TextFile::Mode::Output);
+}
+
+std::int32_t VestrelStatic::OpenTextFileForInput(std::u16string_view filename) const {
+  return OpenTextFile(filename, TextFile::Mode::Input);
+}
+
+std::int32_t VestrelStatic::OpenTextFileForAppend(std::u16string_view filename) const {
+  return OpenTextFile(filename, TextFile::Mode::Append);
+}
+
+void VestrelStatic::CloseTextFile(std::int32_t number) const {
+  TextFile::Close(number);
 }
 
 }  // namespace vestrel

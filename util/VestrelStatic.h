@@ -77,6 +77,19 @@ class VestrelStatic : public Object {
   Ref<clsObjectList> StringListFrom(std::span<const Variant> values) const;
   // A new list of boxed texts, one for each piece of `source` between the delimiters.
   Ref<clsObjectList> ListFromSplitString(std::u16string_view source, std::u16string_view delim) const;
+
+  // The library's version, major.minor.patch.
+  std::u16string Version() const;
+  // Opens a text file of delimited fields under a free number (1 to 511), which the operations that read or
+  // write an open file take: a new file, which takes the old one's place when it is closed; the file as it
+  // is; or at its end. Raise 52 when no number is free, 53, 70, 75 or 76 when the file cannot be opened and
+  // 55 when it is open already and one of the two writes.
+  std::int32_t OpenTextFileForOutput(std::u16string_view filename) const;
+  std::int32_t OpenTextFileForInput(std::u16string_view filename) const;
+  std::int32_t OpenTextFileForAppend(std::u16string_view filename) const;
+  // Completes the file and frees its number; a number that nothing is open under is no failure. Raises 57,
+  // 61, 70 or 75 when the file cannot be completed; the old file stays then.
+  void CloseTextFile(std::int32_t number) const;
 };
 
 }  // namespace vestrel

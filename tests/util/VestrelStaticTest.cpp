@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "core/Version.h"
+#include "storage/clsSequence.h"
 #include "tests/support/Errors.h"
 #include "tests/support/LogFixture.h"
 #include "util/VestrelStatic.h"
@@ -49,6 +51,33 @@ TEST_F(VestrelStaticTest, ForwardsTheIndexArithmetic) {
   const Variant control = facade->controlIndexFromButtonIndex(4, 2, 7);
   EXPECT_EQ(control.kind(), Variant::Kind::Long);
   EXPECT_EQ(control.AsLong(), 39);
+}
+
+TEST_F(VestrelStaticTest, TellsTheVersion) {
+  EXPECT_EQ(facade->Version(), Version());
+}
+
+TEST_F(VestrelStaticTest, OpensAndClosesTheFilesThatRecordsAreWrittenTo) {
+  facade->Init(u"C:\\data\\host.txt");
+  const std::u16string path = u"C:\\data\\one.txt";
+  const auto sequence = MakeRef<clsSequence>();
+  sequence->theName = u"Chase";
+  std::int32_t number = facade->OpenTextFileForOutput(path);
+  sequence->SaveToFile(number);
+  facade->CloseTextFile(number);
+  number = facade->OpenTextFileForAppend(path);
+  sequence->SaveToFile(number);
+  facade->CloseTextFile(number);
+
+  number = facade->OpenTextFileForInput(path);
+  const auto read = MakeRef<clsSequence>();
+  read->LoadFromFile(number, 1, 1);
+  EXPECT_EQ(read->theName, u"Chase");
+  read->LoadFromFile(number, 1, 1);
+  EXPECT_RAISES(Error_InputPastEnd, read->LoadFromFile(number, 1, 1));
+  facade->CloseTextFile(number);
+  facade->CloseTextFile(number);
+  EXPECT_RAISES(Error_FileNotFound, facade->OpenTextFileForInput(u"C:\\data\\none.txt"));
 }
 
 TEST_F(VestrelStaticTest, Asserts) {

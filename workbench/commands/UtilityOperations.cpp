@@ -52,6 +52,11 @@ std::vector<Operation> StaticOperations() {
       Method<&Static::UnboxString>("static.UnboxString", {In("boxed")}),
       Method<&Static::StringListFrom>("static.StringListFrom", {In("values")}),
       Method<&Static::ListFromSplitString>("static.ListFromSplitString", {In("source"), In("delim")}),
+      Method<&Static::Version>("static.Version"),
+      Method<&Static::OpenTextFileForOutput>("static.OpenTextFileForOutput", {Path("filename")}),
+      Method<&Static::OpenTextFileForInput>("static.OpenTextFileForInput", {Path("filename")}),
+      Method<&Static::OpenTextFileForAppend>("static.OpenTextFileForAppend", {Path("filename")}),
+      Method<&Static::CloseTextFile>("static.CloseTextFile", {In("number")}),
   };
 }
 
