@@ -1,0 +1,175 @@
+#include "component/com/Registration.h"
+
+#include <algorithm>
+#include <new>
+
+#include "component/ClassDescription.h"
+#include "component/Ids.h"
+#include "component/com/Module.h"
+#include "core/Convert.h"
+
+namespace vestrel::component {
+namespace {
+
+constexpr std::u16string_view kClasses = u"Software\\Classes\\";
+constexpr std::u16string_view kAutomationMarshaler = u"{00020424-0000-0000-C000-000000000046}";
+constexpr std::u16string_view kPlatform = sizeof(void*) == 8 ? u"win64" : u"win32";
+
+std::u16string Braced(const Guid& guid) {
+  return u"{" + FromUtf8(ToText(guid)) + u"}";
+}
+
+std::u16string LibraryKey() {
+  return u"TypeLib\\" + Braced(LibraryId());
+}
+
+std::u16string VersionText() {
+  return FromUtf8(std::to_string(kLibraryMajor) + "." + std::to_string(kLibraryMinor));
+}
+
+// The keys a class has; the first is the topmost of its own.
+void AddClass(std::vector<RegistryValue>& values, const ClassDescription& description,
+              const std::u16string& modulePath) {
+  const ClassIds& ids = IdsOf(description.name());
+  const std::u16string name = FromUtf8(description.name());
+  const std::u16string classId = Braced(ids.classId);
+  const std::u16string general = u"Vestrel." + name;
+  const std::u16string current = general + u".1";
+  const std::u16string key = u"CLSID\\" + classId;
+  values.push_back({general, u"", name});
+  values.push_back({general + u"\\CLSID", u"", classId});
+  values.push_back({general + u"\\CurVer", u"", current});
+  values.push_back({current, u"", name});
+  values.push_back({current + u"\\CLSID", u"", classId});
+  values.push_back({key, u"", name});
+  values.push_back({key + u"\\InprocServer32", u"", modulePath});
+  values.push_back({key + u"\\InprocServer32", u"ThreadingModel", u"Apartment"});
+  values.push_back({key + u"\\ProgID", u"", current});
+  values.push_back({key + u"\\VersionIndependentProgID", u"", general});
+  values.push_back({key + u"\\Programmable", u"", u""});
+  values.push_back({key + u"\\TypeLib", u"", Braced(LibraryId())});
+  values.push_back({key + u"\\Version", u"", VersionText()});
+}
+
+void AddInterface(std::vector<RegistryValue>& values, const ClassDescription& description) {
+  const std::u16string key = u"Interface\\" + Braced(IdsOf(description.name()).interfaceId);
+  values.push_back({key, u"", u"_" + FromUtf8(description.name())});
+  values.push_back({key + u"\\ProxyStubClsid32", u"", std::u16string(kAutomationMarshaler)});
+  values.push_back({key + u"\\TypeLib", u"", Braced(LibraryId())});
+  values.push_back({key + u"\\TypeLib", u"Version", VersionText()});
+}
+
+void AddLibrary(std::vector<RegistryValue>& values, const std::u16string& modulePath) {
+  const std::u16string version = LibraryKey() + u"\\" + VersionText();
+  values.push_back({version, u"", u"Vestrel component library"});
+  values.push_back({version + u"\\0\\" + std::u16string(kPlatform), u"", modulePath});
+  values.push_back({version + u"\\FLAGS", u"", u"0"});
+  values.push_back({version + u"\\HELPDIR", u"", modulePath.substr(0, modulePath.rfind(u'\\'))});
+}
+
+LONG Write(HKEY root, const RegistryValue& value) {
+  HKEY key = nullptr;
+  const std::u16string path = std::u16string(kClasses) + value.key;
+  LONG code = RegCreateKeyExW(root, WideOf(path), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+  if (code != ERROR_SUCCESS) return code;
+  const auto size = static_cast<DWORD>((value.text.size() + 1) * sizeof(char16_t));
+  code = RegSetValueExW(key, value.name.empty() ? nullptr : WideOf(value.name), 0, REG_SZ,
+                        reinterpret_cast<const BYTE*>(value.text.c_str()), size);
+  RegCloseKey(key);
+  return code;
+}
+
+LONG WriteAll(HKEY root, const std::vector<RegistryValue>& values) {
+  for (const RegistryValue& value : values) {
+    if (const LONG code = Write(root, value); code != ERROR_SUCCESS) return code;
+  }
+  return ERROR_SUCCESS;
+}
+
+// The key and everything below it.
+LONG RemoveTree(HKEY root, const std::u16string& key) {
+  const std::u16string path = std::u16string(kClasses) + key;
+  const LONG code = RegDeleteTreeW(root, WideOf(path));
+  if (code == ERROR_SUCCESS) RegDeleteKeyW(root, WideOf(path));  // some systems leave the emptied key
+  return code == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : code;
+}
+
+bool Exists(HKEY root, const std::u16string& key) {
+  HKEY handle = nullptr;
+  const std::u16string path = std::u16string(kClasses) + key;
+  if (RegOpenKeyExW(root, WideOf(path), 0, KEY_READ, &handle) != ERROR_SUCCESS) return false;
+  RegCloseKey(handle);
+  return true;
+}
+
+// The type library and the interfaces serve builds of both bitnesses.
+bool OtherPlatformRemains(HKEY root) {
+  const std::u16string_view other = sizeof(void*) == 8 ? u"win32" : u"win64";
+  return Exists(root, LibraryKey() + u"\\" + VersionText() + u"\\0\\" + std::u16string(other));
+}
+
+// The part of a key that is the library's own: two levels under CLSID, Interface and TypeLib, one otherwise.
+std::u16string OwnKey(const std::u16string& key) {
+  const std::size_t first = key.find(u'\\');
+  const std::u16string head = key.substr(0, first);
+  if (head != u"CLSID" && head != u"Interface" && head != u"TypeLib") return head;
+  return key.substr(0, key.find(u'\\', first + 1));
+}
+
+LONG RemoveAll(HKEY root, const std::vector<RegistryValue>& values) {
+  LONG result = RemoveTree(root, LibraryKey() + u"\\" + VersionText() + u"\\0\\" + std::u16string(kPlatform));
+  const bool keepShared = OtherPlatformRemains(root);
+  std::u16string last;
+  for (const RegistryValue& value : values) {
+    const std::u16string key = OwnKey(value.key);
+    const bool shared = key.starts_with(u"Interface\\") || key.starts_with(u"TypeLib\\");
+    if (key == last || (shared && keepShared)) continue;
+    last = key;
+    if (const LONG code = RemoveTree(root, key); code != ERROR_SUCCESS) result = code;
+  }
+  return result;
+}
+
+template <class Action>
+HRESULT InResult(Action action) noexcept {
+  try {
+    return HRESULT_FROM_WIN32(static_cast<DWORD>(action()));
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+}  // namespace
+
+std::vector<RegistryValue> RegistrationValues(const std::u16string& modulePath) {
+  std::vector<RegistryValue> values;
+  AddLibrary(values, modulePath);
+  for (const ClassDescription& description : AllDescriptions()) {
+    AddClass(values, description, modulePath);
+    AddInterface(values, description);
+  }
+  return values;
+}
+
+HRESULT RegisterModule() noexcept {
+  return InResult([] {
+    const auto values = RegistrationValues(ModulePath());
+    const LONG code = WriteAll(HKEY_LOCAL_MACHINE, values);
+    if (code == ERROR_SUCCESS) return code;
+    RemoveAll(HKEY_LOCAL_MACHINE, values);
+    return WriteAll(HKEY_CURRENT_USER, values);
+  });
+}
+
+HRESULT UnregisterModule() noexcept {
+  return InResult([] {
+    const auto values = RegistrationValues(ModulePath());
+    const LONG user = RemoveAll(HKEY_CURRENT_USER, values);
+    const LONG machine = RemoveAll(HKEY_LOCAL_MACHINE, values);
+    // A user without rights on the machine's part has done what can be done when there is none.
+    const bool left = Exists(HKEY_LOCAL_MACHINE, OwnKey(values.back().key));
+    return user != ERROR_SUCCESS ? user : left ? machine : ERROR_SUCCESS;
+  });
+}
+
+}  // namespace vestrel::component

@@ -1,0 +1,43 @@
+// Conversions between VARIANTs and the library's values, as late-bound callers expect them and independent of
+// the user's locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "component/com/AutoVariant.h"
+#include "component/com/Windows.h"
+#include "controller/interfaces/TUIFaderValues.h"
+#include "core/Variant.h"
+
+namespace vestrel::component {
+
+// What the chain of references in `value` leads to: a value that is no VARIANT by reference itself.
+const VARIANT& Referred(const VARIANT& value) noexcept;
+// Whether the caller left the argument out on purpose.
+bool IsOmitted(const VARIANT& value) noexcept;
+
+// Each raises ComFailure with the platform's own code for a value that does not convert. A host's object
+// where a plain value is wanted stands for its property "value" or its default property.
+void Convert(const VARIANT& value, VARTYPE type, AutoVariant& result);
+Ref<Object> ToObject(const VARIANT& value);
+Variant ToDynamic(const VARIANT& value);
+std::vector<Variant> ToArray(const VARIANT& value);
+TUIFaderValues ToFaderValues(const VARIANT& value);
+
+// Each replaces what `target`, an initialised value, holds.
+void Assign(VARIANT& target, const Variant& value);
+void AssignText(VARIANT& target, std::u16string_view value);
+void AssignObject(VARIANT& target, Object* value);
+void AssignArray(VARIANT& target, const std::vector<Variant>& value);
+
+// Stores `value` where a by-reference argument points to, in its type; into the property "value" of a
+// script's object that was passed in the place of a reference; nowhere for a plain value.
+void StoreBack(VARIANT& argument, AutoVariant& value);
+// Stores into the elements of the caller's own array.
+void StoreBackArray(VARIANT& argument, const std::vector<Variant>& value);
+// Stores into the caller's record or object, or, where the variable is empty, a new object.
+void StoreBackFaderValues(VARIANT& argument, const TUIFaderValues& value);
+
+}  // namespace vestrel::component

@@ -1,0 +1,135 @@
+// A type library file begins with a header, then the offsets of its type descriptions, then a directory of
+// segments. Of interest are the description segment at the front, where each argument with a default has one
+// 32-bit word - the value itself, with the type in bits 26 to 30 and bit 31 set, or an offset into the custom
+// data segment - and the custom data segment, where values stand as a 16-bit type and their bytes.
+#include "component/writers/TypeLibraryFinisher.h"
+
+#include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <string_view>
+
+#include "component/writers/IdlWriter.h"
+#include "core/Convert.h"
+
+namespace vestrel::component {
+namespace {
+
+constexpr std::size_t kTypeCountOffset = 0x20;
+constexpr std::size_t kFlagsOffset = 0x14;
+constexpr std::uint32_t kHasHelpLibrary = 0x100;
+constexpr std::size_t kHeaderSize = 0x54;
+constexpr std::size_t kCustomDataSegment = 11;
+constexpr std::size_t kDirectoryEntrySize = 16;
+constexpr std::size_t kSegments = 15;
+constexpr std::uint32_t kTextType = 8;
+constexpr std::uint16_t kLongType = 3;
+constexpr std::uint16_t kDynamicType = 12;
+
+std::uint32_t WordAt(const std::string& file, std::size_t offset) {
+  if (offset + 4 > file.size()) throw std::runtime_error("type library: cut short");
+  std::uint32_t word = 0;
+  std::memcpy(&word, file.data() + offset, sizeof word);
+  return word;
+}
+
+void SetWord(std::string& file, std::size_t offset, std::uint32_t word) {
+  std::memcpy(file.data() + offset, &word, sizeof word);
+}
+
+struct Segment {
+  std::size_t offset;
+  std::size_t length;
+};
+
+class Finisher {
+ public:
+  explicit Finisher(std::string& file) : file_(file) {
+    if (file.compare(0, 4, "MSFT") != 0) throw std::runtime_error("type library: not of the expected form");
+    const std::size_t help = (WordAt(file, kFlagsOffset) & kHasHelpLibrary) != 0 ? 4 : 0;
+    directory_ = kHeaderSize + help + 4 * std::size_t{WordAt(file, kTypeCountOffset)};
+    customData_ = SegmentAt(kCustomDataSegment);
+    end_ = file.size();
+  }
+
+  void Finish() {
+    PutTextDefaults();
+    PutDynamicDefaults();
+    DropTimeStamp();
+  }
+
+ private:
+  Segment SegmentAt(std::size_t index) const {
+    const std::size_t entry = directory_ + index * kDirectoryEntrySize;
+    const Segment result{WordAt(file_, entry), WordAt(file_, entry + 4)};
+    if (result.offset + result.length > file_.size()) throw std::runtime_error("type library: bad directory");
+    return result;
+  }
+
+  // The descriptions of functions follow the last segment.
+  std::size_t FunctionsBegin() const {
+    std::size_t result = 0;
+    for (std::size_t i = 0; i < kSegments; ++i) {
+      const std::size_t entry = directory_ + i * kDirectoryEntrySize;
+      const std::uint32_t offset = WordAt(file_, entry);
+      if (offset == 0xFFFFFFFFU) continue;
+      const Segment segment = SegmentAt(i);
+      result = std::max(result, segment.offset + segment.length);
+    }
+    return result;
+  }
+
+  void PutTextDefaults() {
+    const auto texts = DefaultTexts();
+    for (std::size_t offset = FunctionsBegin(); offset + 4 <= end_; offset += 4) {
+      const std::uint32_t word = WordAt(file_, offset);
+      const std::uint32_t first =
+          0x80000000U | kTextType << 26U | static_cast<std::uint32_t>(kTextDefaultMarker);
+      if (word < first || word >= first + texts.size()) continue;
+      SetWord(file_, offset, OffsetOfText(ToUtf8(texts[word - first])));
+    }
+  }
+
+  std::uint32_t OffsetOfText(const std::string& text) const {
+    std::string wanted("\x08\x00", 2);
+    const auto length = static_cast<std::uint32_t>(text.size());
+    wanted.append(reinterpret_cast<const char*>(&length), sizeof length).append(text);
+    const std::string_view data(file_.data() + customData_.offset, customData_.length);
+    for (std::size_t at = data.find(wanted); at != std::string_view::npos; at = data.find(wanted, at + 1)) {
+      if (at % 4 == 0) return static_cast<std::uint32_t>(at);
+    }
+    throw std::runtime_error("type library: no custom data for the default \"" + text + "\"");
+  }
+
+  // A number as the default of a dynamic value is a number, not a dynamic value.
+  void PutDynamicDefaults() {
+    for (std::size_t at = customData_.offset; at + 8 <= customData_.offset + customData_.length; at += 4) {
+      std::uint16_t type = 0;
+      std::memcpy(&type, file_.data() + at, sizeof type);
+      const bool padded = file_.compare(at + 6, 2, "WW") == 0;
+      if (type == kDynamicType && padded) std::memcpy(file_.data() + at, &kLongType, sizeof kLongType);
+    }
+  }
+
+  void DropTimeStamp() {
+    const std::size_t begin = file_.find("Created by WIDL");
+    if (begin == std::string::npos) return;
+    const std::size_t stamp = file_.find(" at ", begin);
+    const std::size_t end = file_.find('\n', begin);
+    if (stamp == std::string::npos || end == std::string::npos) return;
+    file_.replace(stamp, end - stamp, end - stamp, ' ');
+  }
+
+  std::string& file_;
+  std::size_t directory_ = 0;
+  Segment customData_{};
+  std::size_t end_ = 0;
+};
+
+}  // namespace
+
+void FinishTypeLibrary(std::string& library) {
+  Finisher(library).Finish();
+}
+
+}  // namespace vestrel::component

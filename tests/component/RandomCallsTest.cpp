@@ -1,0 +1,101 @@
+// Calls chosen at random, on objects and with values that earlier calls answered: whatever hosts do, the
+// library answers or raises. The seeds are fixed; a failure repeats.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+#include <string_view>
+
+#include "tests/component/CallerPool.h"
+#include "tests/support/Errors.h"
+#include "tests/support/LogFixture.h"
+
+namespace vestrel::component {
+namespace {
+
+constexpr int kCallsARound = 250;
+
+// The quick suite makes some thousand calls, the full one a million.
+int Rounds() {
+  const char* suite = std::getenv("VESTREL_SUITE");
+  return suite != nullptr && std::string_view(suite) == "full" ? 1000000 / kCallsARound : 100;
+}
+
+class Caller {
+ public:
+  explicit Caller(unsigned seed) : random_(seed), values_(test::OddValues()), objects_(test::OneOfEach()) {}
+
+  void Call() {
+    const Ref<Object> object = Pick(objects_);
+    const ClassInfo* info = ClassOf(*object);
+    if (info == nullptr) return;
+    const Slot& slot = info->description->slots()[Below(info->description->slots().size())];
+    std::vector<Actual> arguments;
+    for (std::size_t i = 0; i < slot.operation.parameterCount; ++i) {
+      arguments.push_back(For(slot.operation.parameters[i]));
+    }
+    test::RaisedNumber([&] {
+      Keep(InvokeByName(object.get(), std::u16string(slot.name.begin(), slot.name.end()), slot.operation.kind,
+                        arguments));
+    });
+  }
+
+ private:
+  std::size_t Below(std::size_t limit) { return random_() % limit; }
+  template <class T>
+  const T& Pick(const std::vector<T>& from) {
+    return from[Below(from.size())];
+  }
+
+  // Mostly an argument that fits, so that calls get somewhere.
+  Actual For(const Parameter& parameter) {
+    if (Below(12) == 0) return Omitted();
+    if (Below(12) == 0) return In(Pick(values_));
+    if (parameter.direction != Direction::In && Below(2) == 0) return ByRef(variable_);
+    switch (parameter.type.type) {
+      case ValueType::Object:
+        return In(ObjectOf(parameter.type.name));
+      case ValueType::Text:
+        return In(u"C:\\data\\" + std::u16string(1 + Below(3), static_cast<char16_t>(u'a' + Below(3))));
+      case ValueType::Boolean:
+        return In(Below(2) == 0);
+      default:
+        return In(static_cast<std::int32_t>(Below(14)) - 2);
+    }
+  }
+  Variant ObjectOf(std::string_view className) {
+    for (int attempt = 0; attempt < 60; ++attempt) {
+      const Ref<Object>& candidate = Pick(objects_);
+      const ClassInfo* info = ClassOf(*candidate);
+      if (className.empty() || (info != nullptr && info->description->name() == className)) return candidate;
+    }
+    return Ref<Object>();
+  }
+  void Keep(const Variant& result) {
+    if (result.kind() != Variant::Kind::Object || !result.AsObject() || objects_.size() > 200) return;
+    objects_.push_back(result.AsObject());
+  }
+
+  std::mt19937 random_;
+  std::vector<Variant> values_;
+  std::vector<Ref<Object>> objects_;
+  Variant variable_;
+};
+
+class RandomCallsTest : public test::LogFixture {};
+
+TEST_F(RandomCallsTest, AnyCallsInAnyOrderAnswerOrRaise) {
+  for (int round = 0; round < Rounds(); ++round) {
+    test::MemoryFiles roundFiles;
+    roundFiles.PutFolder(u"C:\\data");
+    const platform::Override override({nullptr, &roundFiles, nullptr, nullptr});
+    modLog::Init(kLogFile);
+    modLog::SetLogLevel(LogLevel_1_SEVERE);
+    Caller caller(static_cast<unsigned>(round));
+    for (int call = 0; call < kCallsARound; ++call) caller.Call();
+  }
+  modLog::Init(kLogFile);
+}
+
+}  // namespace
+}  // namespace vestrel::component
