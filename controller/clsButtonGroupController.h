@@ -99,8 +99,9 @@ class clsButtonGroupController : public virtual IPageController {
   // logged.
   void RenamePage(std::u16string_view oldName, std::u16string_view newName);
   // Switches off every playing button of every page as the user (mouse button 0) and forces its fader to 0,
-  // making each page current in turn and the first one current again. Callbacks: a page's as in SetPage,
-  // RefreshPage(IFSSRefresh_EntirePageNonGUI) a page, a button's as in PlayStateChanged, and
+  // making each page current in turn and the one that was shown current again. A page that a callback deleted
+  // is passed over; when a callback sets up another show the operation ends there. Callbacks: a page's as in
+  // SetPage, RefreshPage(IFSSRefresh_EntirePageNonGUI) a page, a button's as in PlayStateChanged, and
   // RefreshPage(IFSSRefresh_EntirePage) last. With no show set: the message of SetPage.
   void clearAll();
   // Callback: HideSplashScreen.
@@ -212,7 +213,8 @@ class clsButtonGroupController : public virtual IPageController {
   // Takes the button out of its group on the page; where it is not there, only saves and updates lamps.
   void removeButton(clsButton* button);
   // Starts the assignment of a button: assign mode, SetFlashing(true), and the next click or
-  // autoAssignNextAvailable places it. assignmentCallbackObj (none: nobody is told) is kept for that. Where
+  // autoAssignNextAvailable places what is pending then, whatever CompleteAssignment starts.
+  // assignmentCallbackObj (none: nobody is told) is kept for that. Where
   // the page has a button of that name already: PromptButtonOverwrite; on yes the callbacks of DeleteButton,
   // CompleteAssignment(true), SetFlashing(false) and RefreshPage, the new button standing where the old one
   // was; on no nothing.
@@ -223,8 +225,9 @@ class clsButtonGroupController : public virtual IPageController {
   void autoAssignNextAvailable(std::int32_t groupIndex);
   // Sets the edit mode to EditMode_EditEnabled or EditMode_None and nothing else.
   void setModeEditing(bool enabled);
-  // Move or copy mode: the next click places the edit button. Callbacks: SetFlashing(true); setModeMove also
-  // switches the edit button off as the user (mouse button 1).
+  // Move or copy mode: the next click places the edit button. The source is the page that is current now or,
+  // where that does not hold the button, the button's own page. Callbacks: SetFlashing(true); setModeMove
+  // also switches the edit button off as the user (mouse button 1).
   void setModeMove();
   // Callback: DisableEditMode. The mode stays until the host answers with setModeEditing(false).
   void CancelEditMode();
