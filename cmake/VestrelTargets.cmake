@@ -26,10 +26,10 @@ target_compile_options(vestrel_options INTERFACE
   -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Werror)
 
 if(VESTREL_SANITIZE)
-  # -O1 keeps the suite quick while the stack traces stay readable.
   target_compile_options(vestrel_options INTERFACE
-    -O1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vestrel_options INTERFACE -fsanitize=address,undefined)
+  target_compile_definitions(vestrel_options INTERFACE VESTREL_SANITIZED)
 endif()
 if(VESTREL_FUZZ)
   target_compile_options(vestrel_options INTERFACE -fsanitize=fuzzer-no-link)
@@ -59,6 +59,10 @@ function(vestrel_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC vestrel_options ${ARG_LINKS})
+  if(VESTREL_SANITIZE)
+    # The library runs fast enough and keeps readable stack traces; tests compile three times as fast without it.
+    target_compile_options(${name} PRIVATE -O1)
+  endif()
 endfunction()
 
 # vestrel_test(NAME SOURCES a.cpp ... LINKS target ...): one test program for one folder. It is one CTest test:

@@ -78,8 +78,9 @@ class clsButtonGroupController : public virtual IPageController {
   void CreateNewShow(std::u16string_view showName);
   // Sets up the show that is on disk (none there: an empty one) and makes its first page current, with the
   // callbacks of RefocusCurrentPage. No writability test. Ends the edit mode and forgets what CreateNewShow
-  // forgets. Raises 13 for a page file whose numbers cannot be read; the show is then set up as far as it was
-  // read, and its file is never written.
+  // forgets. Raises 13 for a page file whose numbers cannot be read, and 57, 70 or 75 for a show or page file
+  // that is there but cannot be read; the show is then set up as far as it was read, and its file is never
+  // written.
   void LoadShow(std::u16string_view showName);
   // Adds a page (empty, and written at once) or selects the one of that name, matched exactly; one that is
   // new becomes current only when it is the first. A page that becomes current reports its faders as
@@ -299,6 +300,8 @@ class clsButtonGroupController : public virtual IPageController {
   // The page manager of the show that is set up, to list and search pages that are not current; none before
   // Init.
   Ref<clsPageManager> PageManager() const noexcept { return pageManager_; }
+  // What the next click on a control will do, for a host that shows it.
+  EditModeEnum EditMode() const noexcept { return editMode_; }
 
  protected:
   ~clsButtonGroupController() override;

@@ -129,13 +129,17 @@ void clsPageManager::setShow(std::u16string_view pShowName, bool create) {
   const Ref<clsPageManager> alive(this);
   showName_ = pShowName;
   MakeFolders({});
-  Given(showFile_).UseFile(modUtils::ShowSettingsPath(appPath_, showName_));
-  modLog::LogFormat(LogLevel_3_INFO, u"clsPageManager.setShow(): using INI path [%s]", showFile_->filename());
+  const std::u16string path = modUtils::ShowSettingsPath(appPath_, showName_);
+  clsIniFile& file = Given(showFile_);
+  modLog::LogFormat(LogLevel_3_INFO, u"clsPageManager.setShow(): using INI path [%s]", path);
+  const std::u16string_view message = create ? u"clsPageManager.setShow(): creating new show [%s]"
+                                             : u"clsPageManager.setShow(): loading existing show [%s]";
+  modLog::LogFormat(LogLevel_3_INFO, message, showName_);
+  // After the log, which may fail: a file that is bound is written, and the pages are not read yet.
+  file.UseFile(path);
   if (create) {
-    modLog::LogFormat(LogLevel_3_INFO, u"clsPageManager.setShow(): creating new show [%s]", showName_);
     saveToINI(true);
   } else {
-    modLog::LogFormat(LogLevel_3_INFO, u"clsPageManager.setShow(): loading existing show [%s]", showName_);
     LoadShow();
   }
 }
@@ -161,12 +165,17 @@ void clsPageManager::LoadPageList() {
   }
 }
 
+std::u16string clsPageManager::ReadPageList() const {
+  IniBatch batch(showFile_->filename(), Sync::No);
+  batch.RequireReadable();
+  showFile_->UseSection(kSection);
+  return showFile_->ReadString(kListKey, u"");
+}
+
 void clsPageManager::ReadPages() {
   const Ref<clsObjectList> pages = MakeRef<clsObjectList>();
   pageList_ = pages;
-  showFile_->UseSection(kSection);
-  const std::u16string list = showFile_->ReadString(kListKey, u"");
-  const Ref<clsObjectList> names = modObjectList::StringListFromSplit(list, kDelimiter);
+  const Ref<clsObjectList> names = modObjectList::StringListFromSplit(ReadPageList(), kDelimiter);
   for (Object* item : names->Snapshot()) {
     const std::u16string& name = Cast<clsString>(item).value();
     modLog::LogFormat(LogLevel_3_INFO, u"loading from page: %s", name);

@@ -51,9 +51,10 @@ class clsPageManager : public Object {
   // and does nothing.
   void saveToINI(bool skipPages = false);
   // Makes the show's folder and binds its file; then writes an empty page list (create), or reads the pages
-  // and makes the first one current. Raises what reading a page raises: what was read stays, the show file is
-  // unbound, so that no shortened list replaces the one on disk. What the host raises when the first page
-  // becomes current is passed on as well, but the whole list is read by then and the file stays bound.
+  // and makes the first one current. Raises what reading a page raises, also for the show file: what was read
+  // stays, the show file is unbound, so that no shortened list replaces the one on disk. What the host raises
+  // when the first page becomes current is passed on as well, but the whole list is read by then and the file
+  // stays bound.
   void setShow(std::u16string_view pShowName, bool create = false);
   // Makes a page current; the one that is current already stays untouched. One that is not in the show is
   // made, written empty and added, whatever `create` says, and becomes current only when it is the first.
@@ -80,6 +81,7 @@ class clsPageManager : public Object {
   void LoadShow();
   void LoadPageList();
   void ReadPages();
+  std::u16string ReadPageList() const;
   void AddNewPage(const std::u16string& pageName);
   std::int32_t PositionOf(std::u16string_view pageName) const;
   std::int32_t PositionByKey(std::u16string_view pageName) const;

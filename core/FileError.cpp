@@ -28,6 +28,11 @@ std::int32_t ErrorNumberOf(platform::FileStatus status) noexcept {
   return Error_DeviceIO;
 }
 
+bool IsAbsent(platform::FileStatus status) noexcept {
+  return status == platform::FileStatus::NotFound || status == platform::FileStatus::PathNotFound ||
+         status == platform::FileStatus::BadName;
+}
+
 void CheckFileStatus(platform::FileStatus status, std::u16string_view source, std::u16string_view path) {
   if (status != platform::FileStatus::Ok) RaiseError(ErrorNumberOf(status), source, path);
 }

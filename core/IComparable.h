@@ -19,8 +19,8 @@ class IComparable : public virtual Object {
   // Compares with `other`. `field` names the field of a record to compare by; "all" means the whole value.
   // Implementations raise 13 for an `other` of another kind and 91 for none.
   virtual std::int32_t CompareTo(Object* other, std::u16string_view field = u"all");
-  // Compares the field `fieldName` with a plain value: 0 when equal. Implementations raise for a field that
-  // they do not have.
+  // Compares the field `fieldName` with a plain value: 0 when equal. For a field that they do not have
+  // implementations raise or answer other than 0.
   virtual std::int32_t FieldCompare(std::u16string_view fieldName, const Variant& value);
   // For the library's own sort: whether CompareTo between objects of one kind, by this field, has the sign of
   // the difference of their keys and no other effect. By default there is no key.

@@ -18,15 +18,15 @@ class IObjListEventHandler : public virtual Object {
   // `item` now stands at `atIndex` (0-based) of `list` and is counted. `userData` is what the list was given
   // together with this observer. What it raises reaches whoever inserted; the item stays in the list.
   virtual void ItemAdded(clsObjectList* list, Object* item, std::int32_t atIndex, Object* userData);
-  // `item` stood at `atIndex` of `list`. After a removal it has left already; while the list is cleared all
-  // items are still in place.
-  virtual void ItemRemoved(clsObjectList* list, Object* item, std::int32_t atIndex, Object* userData);
+  // `item` stood at `fromIndex` of `list`. After a removal it has left already; while the list is cleared,
+  // which reports each item, all items are still in place.
+  virtual void ItemRemoved(clsObjectList* list, Object* item, std::int32_t fromIndex, Object* userData);
 };
 
 inline void IObjListEventHandler::ItemAdded(clsObjectList* /*list*/, Object* /*item*/,
                                             std::int32_t /*atIndex*/, Object* /*userData*/) {}
 
 inline void IObjListEventHandler::ItemRemoved(clsObjectList* /*list*/, Object* /*item*/,
-                                              std::int32_t /*atIndex*/, Object* /*userData*/) {}
+                                              std::int32_t /*fromIndex*/, Object* /*userData*/) {}
 
 }  // namespace vestrel

@@ -3,19 +3,19 @@
 #include <cstdint>
 #include <utility>
 
-#include "core/Convert.h"
+#include "core/LetterCase.h"
 #include "core/clsString.h"
 
 namespace vestrel {
 
 std::size_t clsDictionary::Hash::operator()(std::u16string_view key) const noexcept {
   std::uint64_t hash = 0xCBF29CE484222325U;
-  for (const char16_t unit : key) hash = (hash ^ FoldCase(unit)) * 0x100000001B3U;
+  for (const char16_t unit : key) hash = (hash ^ FoldLetter(unit)) * 0x100000001B3U;
   return static_cast<std::size_t>(hash ^ (hash >> 32U));
 }
 
 bool clsDictionary::Equal::operator()(std::u16string_view a, std::u16string_view b) const noexcept {
-  return EqualIgnoringCase(a, b);
+  return EqualIgnoringLetterCase(a, b);
 }
 
 clsDictionary::clsDictionary() : keys_(MakeRef<clsObjectList>()) {}

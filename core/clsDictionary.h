@@ -1,5 +1,6 @@
-// Maps texts to objects, letter case ignored, and keeps the keys in the order in which they were first added.
-// Owned by whoever holds it; holds its values.
+// Maps texts to objects, letter case ignored (see LetterCase.h), and keeps the keys in the order in which
+// they were first added. Owned by whoever holds it; holds its values, which may be none. A missing key is
+// never an error.
 #pragma once
 
 #include <cstddef>
@@ -21,6 +22,7 @@ class clsDictionary : public Object {
 
   // The keys as clsString, spelled as first added: the dictionary's own list, not a copy.
   Ref<clsObjectList> KeyList() const { return keys_; }
+  // Whether the key is there, in whatever spelling.
   bool HasKey(std::u16string_view key) const;
   // Inserts, or replaces the value of a key that is there already; the key keeps its place and spelling.
   void Add(std::u16string_view key, Object* value);

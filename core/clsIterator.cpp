@@ -16,10 +16,12 @@ void clsIterator::Init(std::span<const Ref<Object>> data, std::int32_t Size) {
   Object** const slots = copy.Writable(count);
   for (std::int32_t i = 0; i < count; ++i) slots[i] = Ref<Object>(data[static_cast<std::size_t>(i)]).Detach();
   InitShared(std::move(copy), Size);
+  slots_ = count;
 }
 
 void clsIterator::InitShared(ItemStorage items, std::int32_t size) noexcept {
   items_ = std::move(items);
+  slots_ = items_.capacity();
   size_ = size;
   index_ = -1;
 }
@@ -58,7 +60,7 @@ Ref<Object> clsIterator::iterValue() const {
 }
 
 Object* clsIterator::Current() const {
-  if (index_ < 0 || index_ >= size_ || index_ >= items_.capacity()) {
+  if (index_ < 0 || index_ >= size_ || index_ >= slots_) {
     RaiseError(Error_SubscriptOutOfRange, u"clsIterator");
   }
   return items_[index_];

@@ -20,7 +20,8 @@ class clsIterator : public Object {
   std::int32_t Size() const noexcept { return size_; }
   // The current position, -1 before the first advance.
   std::int32_t IterIndex() const noexcept { return index_; }
-  // Starts over on a copy of `data`, of which the first `Size` entries count; not checked against its length.
+  // Starts over on a copy of `data`, of which the first `Size` entries count. A Size beyond its length is not
+  // refused: reading an entry that is not there raises 9.
   void Init(std::span<const Ref<Object>> data, std::int32_t Size);
 
   // Each of these advances by one and answers whether there is an item; only then an argument receives it.
@@ -43,6 +44,8 @@ class clsIterator : public Object {
   Object* Current() const;
 
   ItemStorage items_;
+  // Entries that may be read; a list's unused slots are among them.
+  std::int32_t slots_ = 0;
   std::int32_t size_ = 0;
   std::int32_t index_ = -1;
 };

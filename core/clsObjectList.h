@@ -5,7 +5,7 @@
 // Slots that items leave are not cleared: they keep their references until they are overwritten or the list
 // goes. The list never shrinks. Callbacks (observer, comparator, predicate, comparable items) may use the
 // list; the operation under way goes on with the items as they were when it began, and a sort during which
-// the list was changed is dropped.
+// the list was changed is dropped. What a callback raises reaches the caller; the list stays as it is then.
 #pragma once
 
 #include <cstdint>
@@ -39,7 +39,8 @@ class clsObjectList : public Object {
   // Inserts before position `before`, which counts from the end when negative; past the end it appends.
   // Calls ItemAdded. The result is the new item's position.
   std::int32_t AddItemBefore(Object* item, std::int32_t before);
-  // Appends. Calls ItemAdded. The result is the new item's position.
+  // Appends. Calls ItemAdded. The result is the new item's position. Both raise 9 where Remove has left Size
+  // below zero and the position would be, too.
   std::int32_t AddItem(Object* item);
   // Takes out and answers the item at `atIndex`. Calls ItemRemoved. Does not guard against an empty list: a
   // negative index then takes slot 0 and leaves Size at -1, any other raises 9.
@@ -69,7 +70,8 @@ class clsObjectList : public Object {
   // the list then holds the same items in some order.
   void SortInPlace(Ref<IObjectComparator>* comparator = nullptr, bool Reverse = false,
                    std::u16string_view field = u"all");
-  // A new list of the items that the predicate is true for, in order. Raises 91 for no predicate.
+  // A new list, without observer, of the items that the predicate is true for, in order. Raises 91 for no
+  // predicate and what it raises.
   Ref<clsObjectList> Filter(IObjectPredicate* predicate) const;
   // A new iterator over the items as they are now.
   Ref<clsIterator> BeginIter() const;
@@ -78,6 +80,7 @@ class clsObjectList : public Object {
   // The values of the first `upToIndex` items, all when negative, joined. Items are clsString: another kind
   // raises 13, an empty slot 91. No items to join, and more than there are slots, raise 9.
   std::u16string JoinStrings(std::u16string_view delimiter, const Variant& upToIndex = -1) const;
+  // Turns the order of the items round, without events.
   void Reverse();
 
   // The items as they are now, for loops inside the library.

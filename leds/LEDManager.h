@@ -26,8 +26,9 @@ class LEDManager : public Object {
   // stay as they are, so lamps that blinked start again with the timer.
   void clearAll();
   // The go button of group 1 to 8; other groups are ignored. Blinking when hasPlaying, else on when
-  // hasAssigned. When the state is another than before: StartLEDTimer or EndLEDTimer if the lamp starts or
-  // stops blinking, then setLED with this one lamp.
+  // hasAssigned, else off. When the state is another than before: if the lamp starts or stops blinking,
+  // EndLEDTimer when none blinks any more and otherwise StartLEDTimer, also while the timer runs; then setLED
+  // with this one lamp.
   void setButtonsInGroups1To8(std::int32_t groupIndex, bool hasAssigned, bool hasPlaying);
   // The same for top button 1 to 32; raises 9 for another one.
   void setButtonInTop32(std::int32_t controlIndex, bool assigned, bool playing);

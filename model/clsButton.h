@@ -39,6 +39,7 @@ class clsButton : public virtual IComparable {
   // form sets both when it lays the screen out.
   bool isVisible = false;
   std::int32_t controlIndex = 0;
+  // Whether the highlight of its group is on it.
   bool isHighlighted = false;
   // Dimmer level, 0 to 100, with which the item is triggered.
   std::int32_t triggeredDimmerValue = 0;
@@ -50,6 +51,7 @@ class clsButton : public virtual IComparable {
   // Calls the handler's FaderModeChanged when the value differs.
   void SetFaderMode(FaderModeEnum value);
   BumpModeEnum BumpMode() const noexcept { return bumpMode_; }
+  // Tells nobody.
   void SetBumpMode(BumpModeEnum value) noexcept { bumpMode_ = value; }
   // The fader's value. Raises 91 before Init.
   std::int32_t faderValue() const;
@@ -75,7 +77,7 @@ class clsButton : public virtual IComparable {
   void PrintObject() const;
 
   // The one place where the play state changes: nothing when locked or already in that state; otherwise
-  // stores it and, unless suppressEvent, calls the handler's PlayStateChanged with the arguments given.
+  // stores it and, unless suppressEvent, calls the handler's PlayStateChanged with the other arguments.
   void setPlayState(PlayStateEnum value, PSEventSourceEnum eventSource, std::int16_t mouseButton,
                     std::int16_t shift, float x, float y, bool suppressEvent = false,
                     bool suppressSave = false);

@@ -22,15 +22,18 @@ class clsButtonGroup : public Object {
   Ref<clsButton> highlightedButton;
   // 0-based number of the run of buttons that is visible.
   std::int32_t pageOffset = 0;
+  // The buttons, in ascending order of their index. None before Init, as the next two.
   Ref<clsObjectList> buttons;
+  // Those that are on, in the same order; the controller fills it. Reports to nobody.
   Ref<clsObjectList> nowPlayingList;
 
+  // The group fader. Groups 0 and 9 have one that drives nothing.
   Ref<clsFaderCatch> Fader() const noexcept { return fader_; }
   // 0 to 9.
   std::int32_t groupIndex() const noexcept { return groupIndex_; }
 
-  // New empty lists and fader; `controller` (held weakly, may be none) hears of every button that comes or
-  // goes.
+  // New empty lists and fader for the group groupIndex (0 to 9, not checked); `controller` (held weakly, may
+  // be none) hears of every button that comes or goes through ItemAdded and ItemRemoved.
   void Init(std::int32_t groupIndex, IPageController* controller);
 
  private:

@@ -14,8 +14,10 @@ class clsDeferred : public Object {
  public:
   VESTREL_OBJECT(clsDeferred)
 
+  // The page the button belongs to, and the button.
   Ref<clsPage> page;
   Ref<clsButton> button;
+  // What the page file says; the fader value is 0 to 100.
   PlayStateEnum playState{};
   std::int32_t faderValue = 0;
 };

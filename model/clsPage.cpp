@@ -23,8 +23,8 @@ bool IsFaderNumber(std::int32_t number) noexcept {
   return number >= 1 && number <= 8;
 }
 
-std::u16string SectionName(const clsButtonGroup& group) {
-  return u"ButtonGroup" + LongToText(group.groupIndex());
+std::u16string SectionName(std::int32_t groupIndex) {
+  return u"ButtonGroup" + LongToText(groupIndex);
 }
 
 // A copy, since the host may replace the list from within a callback.
@@ -78,16 +78,15 @@ void clsPage::Init(std::u16string_view appPath, IPageController* controller, std
 
 void clsPage::saveSingleButton(clsButton* button) {
   auto& saved = Cast<clsButton>(button);
-  const Ref<clsButtonGroup> group = Group(saved.groupIndex);
   IniBatch batch(File().filename(), Sync::No);
-  File().UseSection(SectionName(*group));
-  WriteUsedIndices(*group);
+  File().UseSection(SectionName(saved.groupIndex));
+  WriteUsedIndices(saved.groupIndex);
   WriteButton(saved);
   batch.Commit();
 }
 
 void clsPage::saveButtonGroupToINI(std::int32_t groupIndex, bool withButtons) {
-  WriteGroup(*Group(groupIndex), withButtons);
+  WriteGroup(groupIndex, withButtons);
   platform::hostServices().PumpMessages();
 }
 
@@ -103,9 +102,11 @@ void clsPage::loadFromINI() {
   if (!persist_) return;
   RequireFile(u"clsButtonGroupController.readFromINI");
   const Ref<clsPage> self(this);
-  // For its reads alone: the file is read once.
-  const IniBatch batch(File().filename(), Sync::No);
-  for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(*Group(g));
+  // For its reads alone: the file is read once. What cannot be read is not taken for an empty page, which the
+  // next save would put in its place.
+  IniBatch batch(File().filename(), Sync::No);
+  batch.RequireReadable();
+  for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(g);
 }
 
 void clsPage::GotFocus() {
@@ -132,9 +133,10 @@ void clsPage::LostFocus() {
 }
 
 void clsPage::Rename(std::u16string_view newName) {
-  pageName_ = newName;
+  std::u16string name(newName);
+  if (persist_) MakeFolder(name);
+  pageName_ = std::move(name);
   BindFile();
-  if (persist_) MakeFolder();
 }
 
 bool clsPage::TestWritable() {
@@ -168,8 +170,8 @@ void clsPage::BindFile() {
   File().UseFile(modUtils::PageSettingsPath(appPath_, showName_, pageName_));
 }
 
-void clsPage::MakeFolder() const {
-  const std::array<Variant, 4> parts{appPath_, u"Sequences", showName_, pageName_};
+void clsPage::MakeFolder(std::u16string_view pageName) const {
+  const std::array<Variant, 4> parts{appPath_, u"Sequences", showName_, pageName};
   modUtils::CreateDirs(*modObjectList::StringListFromArray(parts));
 }
 
@@ -178,9 +180,9 @@ void clsPage::RequireFile(std::u16string_view source) const {
   throw Error(kNotBound, std::u16string(source), u"Must call setShowAndPage first");
 }
 
-void clsPage::WriteUsedIndices(const clsButtonGroup& group) {
-  std::u16string indices = IndexListText(*ButtonsOf(group));
-  modIniFile::WarnIfCutOnReading(File().filename(), SectionName(group), kIndicesKey, indices);
+void clsPage::WriteUsedIndices(std::int32_t groupIndex) {
+  std::u16string indices = IndexListText(*ButtonsOf(*Group(groupIndex)));
+  modIniFile::WarnIfCutOnReading(File().filename(), SectionName(groupIndex), kIndicesKey, indices);
   File().WriteString(kIndicesKey, indices);
 }
 
@@ -189,36 +191,39 @@ void clsPage::WriteButton(clsButton& button) {
   button.saveToINI(&File());
 }
 
-void clsPage::WriteGroup(const clsButtonGroup& group, bool withButtons) {
+void clsPage::WriteGroup(std::int32_t groupIndex, bool withButtons) {
+  const Ref<clsButtonGroup> group = Group(groupIndex);
   IniBatch batch(File().filename(), withButtons ? Sync::Yes : Sync::No);
-  File().UseSection(SectionName(group));
-  File().WriteLong(u"pageOffset", group.pageOffset);
-  if (IsFaderNumber(group.groupIndex())) File().WriteLong(u"faderValue", group.Fader()->value());
+  File().UseSection(SectionName(groupIndex));
+  File().WriteLong(u"pageOffset", group->pageOffset);
+  if (IsFaderNumber(groupIndex)) File().WriteLong(u"faderValue", group->Fader()->value());
   if (withButtons) {
-    WriteUsedIndices(group);
-    for (Object* item : ButtonsOf(group)->Snapshot()) WriteButton(Cast<clsButton>(item));
+    WriteUsedIndices(groupIndex);
+    for (Object* item : ButtonsOf(*group)->Snapshot()) WriteButton(Cast<clsButton>(item));
   }
   batch.Commit();
 }
 
-void clsPage::LoadGroup(clsButtonGroup& group) {
-  ButtonsOf(group)->Clear();
-  File().UseSection(SectionName(group));
-  group.pageOffset = File().ReadLong(u"pageOffset", 0);
-  if (IsFaderNumber(group.groupIndex())) group.Fader()->SetValue(File().ReadLong(u"faderValue", 0), true);
+void clsPage::LoadGroup(std::int32_t groupIndex) {
+  const Ref<clsButtonGroup> group = Group(groupIndex);
+  ButtonsOf(*group)->Clear();
+  // After the callbacks of the removals, which may have used the file.
+  File().UseSection(SectionName(groupIndex));
+  group->pageOffset = File().ReadLong(u"pageOffset", 0);
+  if (IsFaderNumber(groupIndex)) group->Fader()->SetValue(File().ReadLong(u"faderValue", 0), true);
   for (const std::int32_t index : IndexListFromText(File().ReadString(kIndicesKey, u""))) {
-    LoadButton(group, index);
+    LoadButton(groupIndex, index);
   }
 }
 
-void clsPage::LoadButton(const clsButtonGroup& group, std::int32_t buttonIndex) {
+void clsPage::LoadButton(std::int32_t groupIndex, std::int32_t buttonIndex) {
   // The section again: the callbacks of the button before may have used the file.
-  File().UseSection(SectionName(group));
+  File().UseSection(SectionName(groupIndex));
   File().UseKeyPrefix(u"Button" + LongToText(buttonIndex));
   const auto button = MakeRef<clsButton>();
   button->Init(controller_.Lock().get(), this);
-  button->loadFromINI(&File(), group.groupIndex(), buttonIndex);
-  ButtonsOf(group)->AddItem(button.get());
+  button->loadFromINI(&File(), groupIndex, buttonIndex);
+  ButtonsOf(*Group(groupIndex))->AddItem(button.get());
 }
 
 }  // namespace vestrel

@@ -50,8 +50,9 @@ class clsPage : public virtual IComparable {
   void saveToINI(std::int32_t onlyGroupIndex = -1, bool withButtons = true);
   // Empties and reads all groups in order and builds their buttons; what the file lacks has its first value.
   // Nothing when persist is false. Calls the controller's ItemRemoved for each old button, and for each new
-  // one DeferPlaystateFor (unless its line is malformed) and ItemAdded. Raises 999 when no file is bound, 13
-  // for a number that is none; groups read until then stay.
+  // one DeferPlaystateFor (unless its line is malformed) and ItemAdded. Raises 999 when no file is bound, 57,
+  // 70 or 75 when the file is there but cannot be read (nothing is changed then), 13 for a number that is
+  // none; groups read until then stay.
   void loadFromINI();
   // Resumes the pick-up of the faders from the host's positions (the controller's GetUIFaderValues) and hands
   // every model value to its UpdateFaderModelValue, group faders first. Nothing without a controller, since
@@ -59,7 +60,8 @@ class clsPage : public virtual IComparable {
   void GotFocus();
   // Pauses the pick-up of the faders.
   void LostFocus();
-  // Renames the page, makes the new page's folder and binds its file there; moves nothing.
+  // Makes the new page's folder (unless persist is false), renames the page and binds its file there; moves
+  // nothing. Raises 52, 57, 61, 75 or 76 when the folder cannot be made; the page has its old name then.
   void Rename(std::u16string_view newName);
   // Whether the page file can be written; leaves a test key in it.
   bool TestWritable();
@@ -77,13 +79,13 @@ class clsPage : public virtual IComparable {
   Ref<clsButtonGroup> Group(std::int32_t which) const;
   clsIniFile& File() const;
   void BindFile();
-  void MakeFolder() const;
+  void MakeFolder(std::u16string_view pageName) const;
   void RequireFile(std::u16string_view source) const;
-  void WriteUsedIndices(const clsButtonGroup& group);
+  void WriteUsedIndices(std::int32_t groupIndex);
   void WriteButton(clsButton& button);
-  void WriteGroup(const clsButtonGroup& group, bool withButtons);
-  void LoadGroup(clsButtonGroup& group);
-  void LoadButton(const clsButtonGroup& group, std::int32_t buttonIndex);
+  void WriteGroup(std::int32_t groupIndex, bool withButtons);
+  void LoadGroup(std::int32_t groupIndex);
+  void LoadButton(std::int32_t groupIndex, std::int32_t buttonIndex);
 
   std::u16string appPath_;
   bool persist_ = false;

@@ -43,10 +43,12 @@ bool EventReader::Read(vxEvent& event) {
   EventLine line;
   const std::size_t size = NextLine(line);
   if (size == 0) return ReadFields(event);
-  const ButtonNames::Binding& binding = names_.Of(line.name);
-  event.Init(line.time, binding.button.get(), static_cast<vxEventTypeEnum>(line.eventType));
+  event.Init(line.time, nullptr, static_cast<vxEventTypeEnum>(line.eventType));
   event.SetExtras(line.mouseButton, line.shift, line.x, line.y);
+  // Before the name is looked up: what the map raises leaves the file at the next line.
   in_.TakeLine(size);
+  const ButtonNames::Binding& binding = names_.Of(line.name);
+  event.button = binding.button;
   return binding.known;
 }
 

@@ -8,13 +8,13 @@
 namespace vestrel::EventPool {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VESTREL_SANITIZED)
 constexpr bool kPooled = false;
 #else
 constexpr bool kPooled = true;
 #endif
 
-constexpr std::size_t kPieceAlignment = 64 * 1024;
+constexpr std::size_t kPieceAlignment = std::size_t{64} * 1024;
 // Leaves room for the system's own header, so that pieces can lie side by side.
 constexpr std::size_t kPieceSize = kPieceAlignment - 64;
 

@@ -10,8 +10,9 @@ namespace vestrel::EventPool {
 
 inline constexpr std::size_t kBlockSize = 40;
 
-// Raises what operator new raises.
+// A block of kBlockSize bytes, aligned for a pointer. Raises what operator new raises.
 void* Take();
+// Gives back a block from Take.
 void Give(void* block) noexcept;
 
 }  // namespace vestrel::EventPool

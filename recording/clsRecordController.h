@@ -29,13 +29,14 @@ class clsRecordController : public virtual IRecordController, public virtual IVX
   VESTREL_HELD_WEAKLY()
 
   // The recording's events, the list itself; a take that overwrites and a file that is loaded put another
-  // list in its place. Raises 91 before Init, as do all operations below but the two for timecodes.
+  // list in its place. Before Init this and the operations below raise 91 where they need the recording or
+  // the transport bar.
   Ref<clsObjectList> EventList() const;
 
   // An empty recording, stopped at 0. Operations that report to the transport bar raise 91 without one.
   void Init(IRecordEventHandler* eventHandler);
   // Nothing when already in that state. Stopped rewinds to 0 (UpdateTimecodeDisplay), playing measures time
-  // from now on, Paused keeps the position; then SetTimerEnabled, true for playing alone.
+  // from now on, Paused and any other value keep the position; then SetTimerEnabled, true for playing alone.
   void ChangePlaystate(TransportStateEnum newState);
   // Plays, or pauses when playing; ends with TransportStateChanged.
   void Play();
@@ -44,7 +45,9 @@ class clsRecordController : public virtual IRecordController, public virtual IVX
   void Record();
   // Ends a take, stops and rewinds; ends with TransportStateChanged, also when nothing changed.
   void Stop_();
+  // Empties the recording; position and a take under way stay.
   void ClearEvents();
+  // How a take is combined with the recording; counts at once, also for the take under way.
   void SetRecordMode(RecordModeEnum mode);
   // Writes the recording to the file (docs/event-file.md), whole or not at all. Raises file errors (70, 75,
   // 76, ...) and 91 for an event without a button.
@@ -53,14 +56,15 @@ class clsRecordController : public virtual IRecordController, public virtual IVX
   // position stays. Raises file errors (53, 62, 76, ...) and 13 or 6 for a malformed field; the recording
   // then holds what was read so far.
   void LoadEventsFrom(std::u16string_view filename, clsDictionary* buttonMap);
-  // Moves the position by the time since the last tick (or since playing began), shows it
-  // (UpdateTimecodeDisplay) and fires what is due. The tick count may wrap. Raises 6 when the position leaves
-  // 32 bits; the position then stays.
+  // Moves the position by the milliseconds since the last tick (or since playing began), shows it
+  // (UpdateTimecodeDisplay) and fires what is due, in whatever state. Two tick counts differ modulo 2^32, so
+  // the count may wrap. Raises 6 when the position leaves 32 bits; the position then stays, and the time of
+  // that tick is lost. Also raises as vxEventList::UpdateTime.
   void TimerTick();
   // When stopped: moves the position to the event's time (`index` as clsObjectList::GetItem) and shows it;
-  // that event fires first. Ignored otherwise. Raises 9 on an empty recording.
+  // that event fires first. Ignored otherwise. Raises as vxEventList::SeekToEventIndex.
   void SeekToEventIndex(std::int32_t index);
-  // vxEventList::ChangeEventTime, then RefreshList.
+  // vxEventList::ChangeEventTime (newTime in milliseconds), and what it raises; then RefreshList.
   void updateEventTime(std::int32_t eventIndex, std::int32_t newTime);
   // TimecodeToMilliseconds and MillisecondsToTimecode (recording/Timecode.h).
   bool timecodeToMS(std::u16string_view tc, std::int32_t& result);

@@ -26,8 +26,8 @@ class vxEventList : public virtual IObjectComparator {
   // another list in its place.
   Ref<clsObjectList> events() const noexcept { return events_; }
 
-  // An empty recording in merge mode, at its start. The handler points back (core/BackRef.h). All other
-  // operations but Compare raise 91 before Init.
+  // An empty recording in merge mode, at its start, without a take. The handler (none: nobody is told) points
+  // back (core/BackRef.h). Before Init the operations below raise 91 where they need the recording.
   void Init(IVXEventListHandler* handler);
   // Empties the recording (its observer is told of each event); position and a take under way stay.
   void Clear();
@@ -46,14 +46,16 @@ class vxEventList : public virtual IObjectComparator {
   // button with PSEventSource_RecPlayback, EventFired, a line at Spew. Raises 91 for an event without a
   // button, 13 for an item that is no event; the event that failed is next again.
   void UpdateTime(std::int32_t pTime);
-  // The next event to fire is the one at `index` (0-based, as clsObjectList::GetItem); answers its time.
-  // Raises 9 on an empty recording.
+  // The next event to fire is the one at `index` (0-based); answers its time in milliseconds. An index
+  // outside the recording answers the time of the item that clsObjectList::GetItem gives for it: past the end
+  // nothing is left to fire, and from a negative one on the items up to -1 come before the first. On an empty
+  // recording raises 9 for an index from 0 on; a negative one takes what GetItem gives there (91 for none).
   std::int32_t SeekToEventIndex(std::int32_t index);
   // The next event to fire is the first in the list later than pTime (milliseconds). Fires nothing; logs at
   // Info. Raises 13 or 91 for an item on the way that is no event.
   void SeekTime(std::int32_t pTime);
-  // Adds to the take under way, in order of time, after those of equal time. Raises 91 outside a take and
-  // for no event.
+  // Adds to the take under way, in order of time, after those of equal time; the recording stays as it is.
+  // Raises 91 outside a take and for no event.
   void AddEvent(vxEvent* pEvent);
   // Writes the recording to f, the number of a text file open for output (docs/event-file.md). Raises as
   // vxEvent::WriteToFile.
@@ -63,7 +65,7 @@ class vxEventList : public virtual IObjectComparator {
   // vxEvent::ReadFromFile; the recording then holds what was read so far.
   void ReadFromFile(std::int16_t f, clsDictionary* buttonMap);
   // Gives the event at eventIndex (as clsObjectList::GetItem) another time (milliseconds) and sorts the
-  // recording anew; the position stays. Raises 9 on an empty recording, 13 or 91 for what is no event.
+  // recording anew; the position stays. Raises what GetItem raises, 13 or 91 for what is no event.
   void ChangeEventTime(std::int32_t eventIndex, std::int32_t newTime);
 
   // -1, 0 or 1: orders two events by time alone. Raises 13 or 91 for anything else.

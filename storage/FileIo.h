@@ -8,16 +8,11 @@
 #include <string_view>
 
 #include "platform/Files.h"
+#include "platform/Uninterrupted.h"
 
 namespace vestrel {
 
-// Makes a call again that was interrupted; a call that is interrupted without end fails in the end.
-template <class Call>
-platform::FileStatus Uninterrupted(Call call) {
-  platform::FileStatus status = call();
-  for (int i = 0; i < 100 && status == platform::FileStatus::Interrupted; ++i) status = call();
-  return status;
-}
+using platform::Uninterrupted;
 
 // A file's bytes in memory that is not cleared first.
 struct FileBytes {

@@ -3,10 +3,20 @@
 #include "core/FileError.h"
 #include "core/clsObjectList.h"
 #include "platform/Platform.h"
+#include "platform/Uninterrupted.h"
+#include "storage/FileIo.h"
 #include "util/modLog.h"
 
 namespace vestrel::modUtils {
+
+using platform::FileStatus;
+using platform::Uninterrupted;
+
 namespace {
+
+FileStatus InfoOf(std::u16string_view path, platform::FileInfo& info) {
+  return Uninterrupted([&] { return platform::files().Info(path, info); });
+}
 
 constexpr std::u16string_view kSettingsFile = u"\\pageSetting.ini";
 
@@ -16,7 +26,11 @@ void CreateLevel(std::u16string_view path) {
     modLog::LogFormat(LogLevel_4_SPEW, u"dir [%s] already existed", path);
     return;
   }
-  CheckFileStatus(platform::files().MakeDirectory(path), u"modUtils.CreateDirs()", path);
+  const FileStatus status = Uninterrupted([&] { return platform::files().MakeDirectory(path); });
+  CheckFileStatus(status, u"modUtils.CreateDirs()", path);
+  // What is saved in a folder is as safe as the folder's own entry. Where that cannot be forced the folder is
+  // there all the same.
+  Uninterrupted([&] { return platform::files().SyncDirectory(FolderOf(path)); });
   modLog::LogFormat(LogLevel_3_INFO, u"CreateDirs() created dir [%s]", path);
 }
 
@@ -37,16 +51,20 @@ std::u16string PageSettingsPath(std::u16string_view appPath, std::u16string_view
 
 bool FileExists(std::u16string_view path) {
   platform::FileInfo info;
-  return platform::files().Info(path, info) == platform::FileStatus::Ok && !info.directory;
+  const FileStatus status = InfoOf(path, info);
+  if (IsAbsent(status)) return false;
+  CheckFileStatus(status, u"modUtils.FileExists()", path);
+  return !info.directory;
 }
 
 bool PathExists(std::u16string_view path) {
   platform::FileInfo info;
-  return path.empty() || platform::files().Info(path, info) == platform::FileStatus::Ok;
+  return path.empty() || InfoOf(path, info) == FileStatus::Ok;
 }
 
 void RemoveFile(std::u16string_view path) {
-  CheckFileStatus(platform::files().Remove(path), u"modUtils.RemoveFile()", path);
+  const FileStatus status = Uninterrupted([&] { return platform::files().Remove(path); });
+  CheckFileStatus(status, u"modUtils.RemoveFile()", path);
 }
 
 void deleteINI(std::u16string_view appPath, std::u16string_view showName, std::u16string_view pageName) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/FileError.h"
 #include "storage/ProfileChange.h"
 #include "storage/ProfileLines.h"
 #include "storage/Utf16Text.h"
@@ -43,6 +44,12 @@ bool IniBatch::Commit() {
   return edits.empty() || ProfileFile(fileName_).Commit(edits, sync_) == platform::FileStatus::Ok;
 }
 
+void IniBatch::RequireReadable() {
+  if (outer_ != nullptr) return outer_->RequireReadable();
+  Load();
+  if (!IsAbsent(readStatus_)) CheckFileStatus(readStatus_, u"IniBatch", fileName_);
+}
+
 IniBatch* IniBatch::OpenFor(std::u16string_view fileName) noexcept {
   for (IniBatch* batch = innermost; batch != nullptr; batch = batch->before_) {
     if (batch->outer_ == nullptr && batch->fileName_ == fileName) return batch;
@@ -72,7 +79,8 @@ std::optional<std::string> IniBatch::Find(std::string_view section, std::string_
 
 void IniBatch::Load() {
   if (std::exchange(loaded_, true)) return;
-  if (ReadWholeFile(fileName_, bytes_) != platform::FileStatus::Ok) bytes_ = {};
+  readStatus_ = ReadWholeFile(fileName_, bytes_);
+  if (readStatus_ != platform::FileStatus::Ok) bytes_ = {};
   if (!utf16::HasMark(bytes_.view())) index_.emplace(bytes_.view());
 }
 

@@ -2,7 +2,7 @@
 // of the file, see what it gathered. Everything that goes through modIniFile or clsIniFile on this thread
 // with the same file name takes part. A batch opened inside another on the same file joins it: its commit
 // commits what both gathered so far. Made on the stack around a save or a load; the end of its life commits
-// what is left. No failure is reported but by Commit's answer.
+// what is left. No failure is reported but by Commit's answer and by RequireReadable.
 #pragma once
 
 #include <memory>
@@ -37,6 +37,10 @@ class IniBatch {
   // reads see the file anew. What could not be written is dropped.
   bool Commit();
 
+  // Reads the file if that was not done yet. Raises 57, 70 or 75 when it is there but cannot be read; an
+  // absent file is none. For loads, whose result a later save puts in the file's place.
+  void RequireReadable();
+
   // The outermost batch that is open for the file on this thread; null when there is none.
   static IniBatch* OpenFor(std::u16string_view fileName) noexcept;
 
@@ -54,6 +58,7 @@ class IniBatch {
   IniBatch* before_;  // the batch opened before on this thread
   std::vector<ProfileEdit> edits_;
   bool loaded_ = false;
+  platform::FileStatus readStatus_ = platform::FileStatus::Ok;
   FileBytes bytes_;
   std::optional<ProfileIndex> index_;
 };

@@ -30,8 +30,13 @@ std::string Edited(std::string_view text, std::span<const ProfileEdit> edits) {
 }
 
 bool KeepsLength(std::span<const ProfileSplice> splices) {
-  return std::all_of(splices.begin(), splices.end(),
-                     [](const ProfileSplice& splice) { return splice.length == splice.text.size(); });
+  std::size_t gone = 0;
+  std::size_t come = 0;
+  for (const ProfileSplice& splice : splices) {
+    gone += splice.length;
+    come += splice.text.size();
+  }
+  return gone == come;
 }
 
 // The bytes at the front of the texts, which are of one length, that are equal.

@@ -21,14 +21,23 @@ namespace {
 // Each of them waits for a writer that gets its work done meanwhile.
 constexpr int kAttempts = 1000;
 
+// Forces the file's bytes and its name to the disk, whoever wrote them: what a click wrote is not forced at
+// the time, and the save that is to keep it may find nothing left to change.
+FileStatus Settle(File& file, std::u16string_view path, Sync sync) {
+  if (sync == Sync::No) return FileStatus::Ok;
+  FileStatus status = Uninterrupted([&] { return file.Sync(); });
+  std::u16string real;
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Resolve(path, real); });
+  if (status != FileStatus::Ok) return status;
+  return Uninterrupted([&] { return files().SyncDirectory(FolderOf(real)); });
+}
+
 // Overwrites a stretch of the file. Should the disk fail in the middle, what was written is taken back as far
 // as the disk lets us.
-FileStatus Overwrite(File& file, std::string_view old, const ProfileChange& change, Sync sync) {
+FileStatus Overwrite(File& file, std::string_view old, const ProfileChange& change) {
   std::size_t done = 0;
   const FileStatus status = WriteAll(file, change.offset, change.bytes, done);
-  if (status == FileStatus::Ok) {
-    return sync == Sync::Yes ? Uninterrupted([&] { return file.Sync(); }) : status;
-  }
+  if (status == FileStatus::Ok) return status;
   std::size_t restored = 0;
   WriteAll(file, change.offset, old.substr(change.offset, done), restored);
   return status;
@@ -68,7 +77,8 @@ FileStatus ProfileFile::Change(File& target, std::span<const ProfileEdit> edits,
   const ProfileChange change = PlanChange(bytes.view(), edits);
   if (change.kind == ProfileChange::Kind::Whole) return Replace(target, change.bytes, sync);
   ScratchFile::RemoveLeftover(path_, ScratchFile::kSettings);
-  return change.kind == ProfileChange::Kind::None ? status : Overwrite(target, bytes.view(), change, sync);
+  if (change.kind == ProfileChange::Kind::InPlace) status = Overwrite(target, bytes.view(), change);
+  return status == FileStatus::Ok ? Settle(target, path_, sync) : status;
 }
 
 FileStatus ProfileFile::Replace(File& target, std::string_view bytes, Sync sync) {

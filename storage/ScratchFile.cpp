@@ -86,10 +86,12 @@ void ScratchFile::Discard() noexcept {
   file_.reset();
 }
 
+// Whoever makes a file that another has just made may hold a scratch file without the target's lock.
 void ScratchFile::RemoveLeftover(std::u16string_view target, std::u16string_view suffix) {
-  const std::u16string path = ScratchPath(target, suffix);
   FileInfo info;
-  if (files().Info(path, info) == FileStatus::Ok) files().Remove(path);
+  if (files().Info(ScratchPath(target, suffix), info) != FileStatus::Ok) return;
+  ScratchFile leftover(suffix);
+  leftover.Open(target, LockMode::TryExclusive);
 }
 
 }  // namespace vestrel

@@ -35,7 +35,8 @@ class ScratchFile {
   platform::FileStatus PutInPlace(bool sync);
   void Discard() noexcept;
 
-  // Removes what a writer that crashed left beside `target`. Only for who holds the target's lock.
+  // Removes what a writer that crashed left beside `target`; one in use stays. Only for who holds the
+  // target's lock.
   static void RemoveLeftover(std::u16string_view target, std::u16string_view suffix);
 
  private:

@@ -38,7 +38,7 @@ class TextInput {
   // The bytes from here on, at least up to and with the next line end or else to
   // the end of the file; valid until the next call. Empty at the end of the file.
   std::string_view AheadToLineEnd();
-  // Passes over the front of those bytes, one whole line.
+  // Passes over the front of those bytes, one whole line; they stay valid until the call that follows.
   void TakeLine(std::size_t bytes) noexcept;
 
   // Raises `number` with the file and the current line in its description.

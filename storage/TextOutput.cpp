@@ -94,7 +94,7 @@ void TextOutput::Close() {
   if (kind_ == Kind::New) {
     PutInPlace();
   } else {
-    Check(appended_->Close());
+    Check(Uninterrupted([&] { return appended_->Close(); }));
   }
   narrow_.WarnOfLosses();
 }

@@ -2,10 +2,22 @@
 
 #include "core/Convert.h"
 #include "platform/Platform.h"
+#include "storage/ProfileLines.h"
 #include "storage/modIniFile.h"
 #include "util/modLog.h"
 
 namespace vestrel {
+namespace {
+
+// Some regions' date and time hold characters that the narrow page lacks, or end with a blank; neither would
+// come back from a file.
+std::u16string TimeThatReadsBack() {
+  bool lossy = false;
+  const std::string bytes = platform::encoding().Narrow(platform::clock().LocalDateTimeText(), lossy);
+  return platform::encoding().Widen(profile::TrimBlanks(bytes));
+}
+
+}  // namespace
 
 void clsIniFile::UseFile(std::u16string_view fname) {
   fileName_ = fname;
@@ -55,7 +67,7 @@ void clsIniFile::DeleteKey(std::u16string_view key) {
 }
 
 bool clsIniFile::TestWritable() {
-  const std::u16string written = platform::clock().LocalDateTimeText();
+  const std::u16string written = TimeThatReadsBack();
   modLog::LogFormat(LogLevel_4_SPEW, u"writing test value [%s] to INI filename [%s]", written, fileName_);
   std::u16string value = written;
   modIniFile::WriteIniString(fileName_, u"Test Section", u"WriteTest", &value);

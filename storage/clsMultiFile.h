@@ -1,6 +1,6 @@
 // The file of a multi button: the list of sequences that it starts, with their running parameters. Made and
-// owned by the host, which calls Init first (the other operations raise 91 before). The format is described
-// in docs/multi-file.md.
+// owned by the host, which calls Init first. Before that AddSequence, Load, Save and Delete(true) raise 91,
+// and Delete() finds no file. The format is described in docs/multi-file.md.
 #pragma once
 
 #include <string>
@@ -32,7 +32,7 @@ class clsMultiFile : public Object {
   // 13 for an item of the list that is no clsSequence.
   void Save();
   // Deletes the file if it is there, and with `withSequenceFiles` first, for each sequence of the list, its
-  // files with the endings ASQ, BMP and UQF in the page's folder. Logs each. Raises 70 or 75 for one that
+  // files with the endings ASQ, BMP and UQF in the page's folder. Logs each. Raises 57, 70 or 75 for one that
   // cannot be deleted.
   void Delete(bool withSequenceFiles = false);
 

@@ -29,7 +29,8 @@ class VestrelStatic : public Object {
   std::int32_t NUM_TOP_BUTTONS = 32;
 
   // The log (util/modLog.h). Init comes before anything else; the others raise 91 without it, but GetLogger,
-  // which answers none.
+  // which answers none. Init and Log raise the file error (52, 53, 57, 61, 70, 75, 76) of a log that cannot
+  // be written, Log also 9 for a level above 4 that passes.
   void Init(std::u16string_view logFilename);
   void SetLogLevel(LogLevel_Enum level);
   void Log(std::u16string_view text, LogLevel_Enum level = LogLevel_3_INFO);

@@ -9,9 +9,14 @@
 #include "core/Error.h"
 #include "core/FileError.h"
 #include "platform/Platform.h"
+#include "platform/Uninterrupted.h"
 #include "util/TextBuffer.h"
 
 namespace vestrel {
+
+using platform::FileStatus;
+using platform::Uninterrupted;
+
 namespace {
 
 constexpr std::u16string_view kSource = u"clsLogger.Log()";
@@ -51,29 +56,32 @@ void clsLogger::AppendLine(const TextBuffer& line) {
 
 void clsLogger::Write(std::string_view bytes) {
   std::unique_ptr<platform::File> file;
-  CheckFileStatus(platform::files().Open(filename_, platform::OpenMode::Append, file), kSource, filename_);
+  const FileStatus opened =
+      Uninterrupted([&] { return platform::files().Open(filename_, platform::OpenMode::Append, file); });
+  CheckFileStatus(opened, kSource, filename_);
   endIsUncertain_ = true;
   while (!bytes.empty()) {
     std::size_t done = 0;
-    const platform::FileStatus status = file->WriteAt(0, std::span(bytes.data(), bytes.size()), done);
+    const FileStatus status =
+        Uninterrupted([&] { return file->WriteAt(0, std::span(bytes.data(), bytes.size()), done); });
     bytes.remove_prefix(done);
-    if (status == platform::FileStatus::Interrupted) continue;
     CheckFileStatus(status, kSource, filename_);
     if (done == 0) RaiseError(Error_DiskFull, kSource, filename_);
   }
-  CheckFileStatus(file->Close(), kSource, filename_);
+  CheckFileStatus(Uninterrupted([&] { return file->Close(); }), kSource, filename_);
   endIsUncertain_ = false;
 }
 
 bool clsLogger::EndsInsideLine() const {
   std::unique_ptr<platform::File> file;
   platform::FileInfo info;
-  if (platform::files().Open(filename_, platform::OpenMode::Read, file) != platform::FileStatus::Ok)
-    return false;
-  if (file->Info(info) != platform::FileStatus::Ok || info.size == 0) return false;
+  const FileStatus opened =
+      Uninterrupted([&] { return platform::files().Open(filename_, platform::OpenMode::Read, file); });
+  if (opened != FileStatus::Ok) return false;
+  if (Uninterrupted([&] { return file->Info(info); }) != FileStatus::Ok || info.size == 0) return false;
   char last = '\n';
   std::size_t done = 0;
-  file->ReadAt(info.size - 1, std::span(&last, 1), done);
+  Uninterrupted([&] { return file->ReadAt(info.size - 1, std::span(&last, 1), done); });
   return done == 1 && last != '\n';
 }
 

@@ -18,7 +18,7 @@ class clsLogger : public Object {
   VESTREL_OBJECT(clsLogger)
 
   // Names the file, sets the level to LogLevel_3_INFO and writes the two header lines, the second with the
-  // local date and time. Raises the file error (53, 57, 61, 70, 75, 76) of a file that cannot be written.
+  // local date and time. Raises the file error (52, 53, 57, 61, 70, 75, 76) of a file that cannot be written.
   void Init(std::u16string_view filename);
   // The most detailed level that is written; not checked.
   void SetLevel(LogLevel_Enum level) noexcept { level_ = level; }

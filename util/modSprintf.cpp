@@ -6,8 +6,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/Cast.h"
 #include "core/Checked.h"
 #include "core/Convert.h"
+#include "core/HasValue.h"
 #include "core/Ref.h"
 #include "util/FormatDirective.h"
 #include "util/FormatNumber.h"
@@ -140,19 +142,27 @@ class Formatter {
     }
     const FormatArg* arg = NextArgument();
     if (arg == nullptr) return;
+    if (arg->kind() != FormatArg::Kind::Object) return ConvertValue(directive, *arg);
+    const auto* holder = TryCast<HasValue>(arg->AsObject());
+    if (holder == nullptr) return ConvertValue(directive, *arg);
+    const Variant value = holder->DefaultValue();
+    ConvertValue(directive, FormatArg(value));
+  }
+
+  void ConvertValue(const Directive& directive, const FormatArg& arg) {
     switch (directive.conversion) {
       case Conversion::Text:
-        return ConvertText(directive, *arg);
+        return ConvertText(directive, arg);
       case Conversion::Hexadecimal:
-        return ConvertHexadecimal(directive, *arg);
+        return ConvertHexadecimal(directive, arg);
       case Conversion::Character:
-        return ConvertCharacter(*arg);
+        return ConvertCharacter(arg);
       case Conversion::Pointer:
-        return ConvertPointer(*arg);
+        return ConvertPointer(arg);
       case Conversion::TextSoFar:
-        return StoreTextSoFar(*arg);
+        return StoreTextSoFar(arg);
       default:
-        return ConvertNumber(directive, *arg);
+        return ConvertNumber(directive, arg);
     }
   }
 

@@ -26,8 +26,8 @@
 
 namespace vestrel::modSprintf {
 
-// The formatted text. Raises 6 for a width or precision beyond 32 bits and 13 for an object under "%s" that
-// has no value of its own.
+// The formatted text. An object stands for its own value. Raises 6 for a width or precision beyond 32 bits
+// and, under "%s", 13 for an object that has no value of its own and 91 for none.
 std::u16string FormatText(std::u16string_view format, std::span<const FormatArg> args);
 
 // The same, appended to `out` without making a text of its own.

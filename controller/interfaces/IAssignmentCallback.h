@@ -1,4 +1,6 @@
-// The host's object that started an assignment; told when the operator completes it.
+// The host's object that started an assignment; told when the operator completes it. Kept alive by the
+// controller until another assignment or show takes its place. What it raises ends the assignment before the
+// button is placed.
 #pragma once
 
 #include "core/Object.h"

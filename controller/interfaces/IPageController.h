@@ -17,9 +17,10 @@ class IPageController : public virtual IButtonEventHandler, public virtual IObjL
 
   // Whether pages made from now on read and write their files.
   virtual bool persist() const { return true; }
-  // Fills `values` with the host's current fader positions.
+  // Fills `values` with the host's current fader positions, 0 to 100.
   virtual void GetUIFaderValues(TUIFaderValues& /*values*/) {}
-  // Reports the model value of fader `index` (1 to 8); `button` is the bump button or none.
+  // Reports the model value (0 to 100) of fader `index` (1 to 8); `button` is the button of a bump fader,
+  // none for a group fader. caught says whether the physical fader stands on that value.
   virtual void UpdateFaderModelValue(IFSSFaderTypeEnum /*faderType*/, std::int32_t /*index*/,
                                      std::int32_t /*value*/, bool /*caught*/,
                                      clsButton* /*button*/ = nullptr) {}

@@ -1,4 +1,5 @@
-// Told by an event list of each event it fires. Implemented by the record controller.
+// Told by an event list of each event it fires. Implemented by the record controller. What it raises reaches
+// whoever moved the list's time on.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,7 @@ class IVXEventListHandler : public virtual Object {
  public:
   VESTREL_OBJECT(IVXEventListHandler)
 
-  // eventIndex is the event's 0-based position in the recording.
+  // The time of `ev` was reached. eventIndex is its 0-based position in the recording.
   virtual void EventFired(vxEvent* /*ev*/, std::int32_t /*eventIndex*/) {}
 };
 

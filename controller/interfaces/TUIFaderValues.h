@@ -1,4 +1,4 @@
-// The host's fader positions: eight group faders and eight bump faders, each 1 to 8.
+// The host's fader positions, 0 to 100: eight group faders and eight bump faders, each 1 to 8.
 #pragma once
 
 #include <array>

@@ -199,6 +199,30 @@ TEST_F(clsPageManagerTest, IsLoadingWhileThePagesAreRead) {
   EXPECT_FALSE(manager->IsLoading());
 }
 
+TEST_F(clsPageManagerTest, AShowFileThatCannotBeReadIsNotTakenForAnEmptyShow) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  const std::string before = files.Get(kShowFile);
+  manager->Init(kApp, controller.get());
+  files.FailEvery("ReadAt", platform::FileStatus::IoError);
+  EXPECT_RAISES(Error_DeviceIO, manager->setShow(u"Gala"));
+  files.FailNothing();
+  manager->saveToINI();
+  EXPECT_EQ(files.Get(kShowFile), before);
+}
+
+TEST_F(clsPageManagerTest, ALogThatFailsBeforeTheLoadLeavesTheShowFileAsItWas) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  const std::string before = files.Get(kShowFile);
+  manager->Init(kApp, controller.get());
+  files.FailEvery("WriteAt", platform::FileStatus::DiskFull);
+  EXPECT_RAISES(Error_DiskFull, manager->setShow(u"Gala"));
+  files.FailNothing();
+  manager->saveToINI();
+  EXPECT_EQ(files.Get(kShowFile), before);
+}
+
 TEST_F(clsPageManagerTest, AFailedLoadLeavesTheShowFileUnboundAndAsItWas) {
   NewShow();
   manager->SetPage(u"Act 1");

@@ -33,6 +33,15 @@ TEST(clsDictionaryTest, IgnoresLetterCaseAndKeepsTheFirstSpelling) {
   EXPECT_EQ(Shown(dictionary->ValueOf(u"iNTRO").get()), "1");
 }
 
+TEST(clsDictionaryTest, IgnoresTheCaseOfLettersBeyondTheBasicAlphabet) {
+  const Ref<clsDictionary> dictionary = Filled({u"\u00DCbergang", u"\u0416\u0430\u0440"});
+  EXPECT_TRUE(dictionary->HasKey(u"\u00FCBERGANG"));
+  EXPECT_FALSE(dictionary->HasKey(u"Ubergang"));
+  dictionary->Add(u"\u0436\u0410\u0420", BoxLong(1).get());
+  EXPECT_EQ(Shown(dictionary->ValueOf(u"\u0436\u0430\u0440").get()), "1");
+  EXPECT_EQ(dictionary->KeyList()->Size(), 2);
+}
+
 TEST(clsDictionaryTest, AMissingKeyAnswersTheEmptyValue) {
   const Ref<clsDictionary> dictionary = Filled({u"a"});
   const Ref<clsLong> empty = BoxLong(0);

@@ -170,6 +170,15 @@ TEST(clsIteratorTest, StartsOverWithAnotherArray) {
 
 TEST(clsIteratorTest, ASizeBeyondTheArrayFailsWhereTheArrayEnds) {
   const Ref<clsIterator> iterator = MakeRef<clsIterator>();
+  const std::vector<Ref<Object>> array{BoxLong(5)};
+  iterator->Init(array, 3);
+  std::int32_t value = 0;
+  EXPECT_TRUE(iterator->hasNextLong(value));
+  EXPECT_TRUE(iterator->hasNext());
+  EXPECT_RAISES(9, iterator->iterValue());
+  Ref<Object> item;
+  EXPECT_RAISES(9, iterator->hasNextObject(item));
+  EXPECT_FALSE(iterator->hasNext());
   iterator->Init({}, 100);
   std::int32_t index = 0;
   while (iterator->hasNextWithIndex(index) && index < 90) continue;

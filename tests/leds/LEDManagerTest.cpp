@@ -199,6 +199,17 @@ TEST_F(LEDManagerTest, ClearAllEndsTheTimerAndDarkensTheRowsInOrder) {
   EXPECT_THAT(setter->Take(), ElementsAre("setLED 245 1 on"));
 }
 
+TEST_F(LEDManagerTest, ClearAllDarkensTheTopButtonsOfBothRows) {
+  for (const std::int32_t index : {1, 16, 17, 32}) leds->setButtonInTop32(index, true, false);
+  leds->clearAll();
+  setter->Take();
+  for (const std::int32_t index : {1, 16, 17, 32}) leds->setButtonInTop32(index, false, false);
+  EXPECT_THAT(setter->Take(), IsEmpty());
+  for (const std::int32_t index : {1, 16, 17, 32}) leds->setButtonInTop32(index, true, false);
+  EXPECT_THAT(setter->Take(), ElementsAre("setLED 246 1 on", "setLED 246 -32768 on", "setLED 247 1 on",
+                                          "setLED 247 -32768 on"));
+}
+
 TEST_F(LEDManagerTest, ClearAllStartsThePhaseDark) {
   leds->TimerTick();
   leds->clearAll();
@@ -210,7 +221,9 @@ TEST_F(LEDManagerTest, ClearAllStartsThePhaseDark) {
 TEST_F(LEDManagerTest, ABlinkBitLeftByClearAllBlinksAgainWithTheTimer) {
   leds->setButtonsInGroups1To8(2, true, true);
   leds->clearAll();
+  setter->Take();
   leds->setButtonsInGroups1To8(2, true, false);
+  EXPECT_THAT(setter->Take(), ElementsAre("setLED 245 2 on"));  // no word to the timer
   leds->setButtonsInGroups1To8(1, true, true);
   setter->Take();
   leds->TimerTick();
@@ -238,6 +251,13 @@ TEST_F(LEDManagerTest, InitForgetsWhatBlinksButNotTheLampStates) {
   EXPECT_THAT(setter->Take(), IsEmpty());
 }
 
+TEST_F(LEDManagerTest, InitStartsThePhaseDark) {
+  leds->TimerTick();
+  leds->Init(setter.get());
+  leds->setButtonInTop32(1, true, true);
+  EXPECT_THAT(setter->Take(), ElementsAre("start", "setLED 246 1 off"));
+}
+
 TEST_F(LEDManagerTest, WithoutAnOutputAChangeRaises91) {
   leds->Init(nullptr);
   EXPECT_THROW(leds->setButtonInTop32(1, true, false), Error);
@@ -251,6 +271,26 @@ TEST_F(LEDManagerTest, AFailingOutputReachesTheCallerAfterTheStateWasStored) {
   setter->Take();
   leds->setButtonInTop32(1, true, false);
   EXPECT_THAT(setter->Take(), IsEmpty());
+}
+
+TEST_F(LEDManagerTest, AFailingTimerCallReachesTheCallerAndEndsTheReport) {
+  setter->onTimer = [] { RaiseError(Error_DeviceIO); };
+  EXPECT_THROW(leds->setButtonInTop32(1, true, true), Error);
+  EXPECT_THAT(setter->Take(), ElementsAre("start"));
+  leds->setButtonInTop32(1, true, true);
+  EXPECT_THAT(setter->Take(), IsEmpty());
+  setter->onTimer = [] { RaiseError(Error_DeviceIO); };
+  EXPECT_THROW(leds->clearAll(), Error);
+  EXPECT_THAT(setter->Take(), ElementsAre("end"));
+}
+
+TEST_F(LEDManagerTest, AFailingOutputEndsATick) {
+  leds->setButtonsInGroups1To8(1, true, true);
+  leds->setButtonInTop32(1, true, true);
+  setter->Take();
+  setter->onSetLED = [] { RaiseError(Error_DeviceIO); };
+  EXPECT_THROW(leds->TimerTick(), Error);
+  EXPECT_THAT(setter->Take(), ElementsAre("setLED 245 1 on"));
 }
 
 TEST_F(LEDManagerTest, ALampReportedFromWithinTheTimerCallShowsTheLaterState) {

@@ -80,6 +80,12 @@ TEST_F(PageFileTest, OneGroupWritesOnlyItsSection) {
   EXPECT_THAT(Bytes(), Not(HasSubstr("[ButtonGroup2]")));
 }
 
+TEST_F(PageFileTest, GroupZeroIsAGroupOfItsOwnAndNotAllOfThem) {
+  Fill();
+  page->saveToINI(0);
+  EXPECT_EQ(Bytes(), kFilled.substr(0, kFilled.find("[ButtonGroup1]")));
+}
+
 TEST_F(PageFileTest, AGroupWithoutButtonsWritesOffsetAndFaderOnly) {
   Fill();
   page->saveButtonGroupToINI(2, false);
@@ -92,7 +98,10 @@ TEST_F(PageFileTest, AGroupWithoutButtonsWritesOffsetAndFaderOnly) {
 
 TEST_F(PageFileTest, ASingleButtonWritesItsLineAndTheIndexList) {
   Fill();
+  files.ForgetCalls();
   page->saveSingleButton(&At(*page, 2, 1));
+  EXPECT_EQ(files.Calls("Replace"), 1) << "both keys in one commit";
+  EXPECT_EQ(hostServices.pumps, 0);
   EXPECT_EQ(Bytes(), "[ButtonGroup2]\r\nusedIndices=1|2|5\r\nButton2_fields=Chase|2|1|0|0|60|False\r\n");
 }
 
@@ -195,6 +204,30 @@ TEST_F(PageFileTest, AnIndexNamedTwiceGivesTwoButtonsInListOrder) {
   EXPECT_EQ(At(*page, 1, 0).name, u"Seven");
   EXPECT_EQ(At(*page, 1, 1).name, u"One");
   EXPECT_EQ(At(*page, 1, 2).name, u"Seven");
+}
+
+TEST_F(PageFileTest, TheSectionIsThatOfTheGroupsPlaceOnThePage) {
+  Fill();
+  page->saveToINI();
+  for (std::int32_t g = 0; g <= 9; ++g) page->ButtonGroups(g)->Init(9 - g, controller.get());
+  page->loadFromINI();
+  EXPECT_EQ(At(*page, 2, 1).toString(), u"group: 2, buttonIndex: 2, name: Chase, type: 2");
+  EXPECT_EQ(page->ButtonGroups(2)->Fader()->value(), 80);
+  At(*page, 2, 1).setPlayState(PlayState_On, PSEventSource_User, 1, 0, 0, 0);
+  At(*page, 2, 1).Fader()->SetValue(60, true);
+  page->saveSingleButton(&At(*page, 2, 1));
+  page->saveToINI();
+  EXPECT_EQ(Bytes(), kFilled);
+}
+
+TEST_F(PageFileTest, CallbacksWhileLoadingMayWriteToTheFile) {
+  files.Put(kFile, "[ButtonGroup1]\r\nusedIndices=1\r\nButton1_fields=A|1|0|0|0|0|False\r\n");
+  controller->onCall = [&] {
+    controller->onCall = nullptr;
+    page->saveButtonGroupToINI(7, false);
+  };
+  page->loadFromINI();
+  EXPECT_THAT(Bytes(), EndsWith("[ButtonGroup7]\r\npageOffset=0\r\nfaderValue=0\r\n"));
 }
 
 struct SkippedLine {
@@ -323,6 +356,12 @@ TEST_F(PageFileTest, ANameOfTheFormatsLimitsComesBackAsDocumented) {
     ASSERT_EQ(page->ButtonGroups(1)->buttons->Size(), 1);
     EXPECT_EQ(At(*page, 1, 0).name, readBack);
   }
+}
+
+TEST_F(PageFileTest, ALineCutInsideItsLastFieldEndsTheLoad) {
+  Add(1, 1, std::u16string(241, u'n'))->SetLocked(true);
+  page->saveToINI(1);
+  EXPECT_EQ(NumberOf([this] { page->loadFromINI(); }), Error_TypeMismatch);
 }
 
 TEST_F(PageFileTest, TwoButtonsOfOneIndexShareTheLineOfTheLast) {

@@ -87,6 +87,7 @@ TEST_F(clsButtonTest, InitGivesEveryFieldItsFirstValue) {
   fresh->triggeredDimmerValue = 5;
   fresh->SetFaderMode(FaderMode_Speed);
   fresh->SetFaderValue(60, true);
+  fresh->press();
   fresh->SetLocked(true);
   controller->Take();
   fresh->Init(controller.get(), page.get());
@@ -105,6 +106,10 @@ TEST_F(clsButtonTest, InitGivesEveryFieldItsFirstValue) {
   EXPECT_FALSE(fresh->Fader()->Engaged());
   EXPECT_FALSE(fresh->Locked());
   EXPECT_THAT(controller->Take(), IsEmpty());
+  fresh->SetBumpMode(BumpMode_On);
+  fresh->groupIndex = 9;
+  fresh->release();
+  EXPECT_EQ(fresh->faderValue(), 0) << "the value before the press is forgotten";
 }
 
 TEST_F(clsButtonTest, InitWithValuesSetsTheFourFields) {
@@ -186,6 +191,7 @@ TEST_F(clsButtonTest, ALockedButtonIgnoresEveryPlayStateAndFaderChange) {
     bump->setPlayState(PlayState_Off, PSEventSource_User, 1, 0, 0, 0);
     EXPECT_EQ(bump->faderValue(), 40);
     EXPECT_EQ(bump->playState(), PlayState_On);
+    EXPECT_THAT(controller->Take(), IsEmpty());
   }
   button->SetLocked(true);
   controller->Take();
@@ -225,6 +231,18 @@ TEST_F(clsButtonTest, ABumpPressAboveZeroLeavesThePlayState) {
   bump->release();
   EXPECT_EQ(bump->faderValue(), 40);
   EXPECT_EQ(bump->playState(), PlayState_Off);
+  EXPECT_THAT(controller->Take(),
+              ElementsAre("FaderValueChanged Bump@9/3 100 update", "FaderValueChanged Bump@9/3 40 update"));
+}
+
+TEST_F(clsButtonTest, ABumpReleaseAboveZeroLeavesAPlayingButtonOn) {
+  const auto bump = NewBump(9, 3);
+  bump->Fader()->SetValue(40, true);
+  Turn(*bump, PlayState_On);
+  bump->press();
+  bump->release();
+  EXPECT_EQ(bump->playState(), PlayState_On);
+  EXPECT_FALSE(bump->Fader()->Engaged()) << "neither of the two engages";
   EXPECT_THAT(controller->Take(),
               ElementsAre("FaderValueChanged Bump@9/3 100 update", "FaderValueChanged Bump@9/3 40 update"));
 }
@@ -368,6 +386,7 @@ TEST_F(clsButtonTest, CopyTakesPlaceTypeAndNameAndNothingElse) {
   const auto copy = button->Copy();
   EXPECT_NE(copy, button);
   EXPECT_EQ(copy->CompareTo(button.get()), 0);
+  EXPECT_EQ(copy->Page(), page);
   EXPECT_EQ(copy->playState(), PlayState_Off);
   EXPECT_EQ(copy->faderValue(), 0);
   EXPECT_EQ(copy->FaderMode(), FaderMode_Dimmer);

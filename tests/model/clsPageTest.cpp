@@ -73,6 +73,26 @@ TEST_F(clsPageTest, RenameWithoutPersistTouchesNothing) {
   EXPECT_FALSE(files.Has(u"C:\\app\\Sequences\\Gala\\Act 2\\pageSetting.ini")) << "there is no folder";
 }
 
+TEST_F(clsPageTest, AFolderThatCannotBeMadeLeavesThePageAsItWas) {
+  files.FailEvery("MakeDirectory", platform::FileStatus::AccessDenied);
+  EXPECT_EQ(NumberOf([&] { page->Rename(u"Act 2"); }), Error_PathFileAccess);
+  EXPECT_EQ(page->pageName(), u"Act 1");
+  page->saveToINI(1, false);
+  EXPECT_TRUE(files.Has(kFile)) << "the file stays bound as well";
+}
+
+TEST_F(clsPageTest, AFileThatCannotBeReadIsNotTakenForAnEmptyPage) {
+  Add(2, 1, u"Intro");
+  page->saveToINI();
+  const std::string before = Bytes();
+  files.FailEvery("ReadAt", platform::FileStatus::IoError);
+  EXPECT_EQ(NumberOf([&] { page->loadFromINI(); }), Error_DeviceIO);
+  files.FailNothing();
+  EXPECT_EQ(page->ButtonGroups(2)->buttons->Size(), 1);
+  page->saveToINI();
+  EXPECT_EQ(Bytes(), before);
+}
+
 TEST_F(clsPageTest, TestWritableLeavesATestKey) {
   EXPECT_TRUE(page->TestWritable());
   EXPECT_EQ(Bytes(), "[Test Section]\r\nWriteTest=15/11/2026 07:31:41\r\n");
@@ -151,6 +171,7 @@ TEST_F(clsPageTest, LostFocusPausesGroupAndBumpFaders) {
   page->LostFocus();
   for (std::int32_t g = 1; g <= 8; ++g) EXPECT_FALSE(page->ButtonGroups(g)->Fader()->Engaged());
   EXPECT_TRUE(page->ButtonGroups(0)->Fader()->Engaged());
+  EXPECT_TRUE(page->ButtonGroups(9)->Fader()->Engaged());
   EXPECT_FALSE(bump->Fader()->Engaged());
   EXPECT_TRUE(other->Fader()->Engaged());
 }

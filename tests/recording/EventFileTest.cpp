@@ -283,6 +283,56 @@ TEST_F(EventFileTest, SingleEventsGoThroughAnOpenFile) {
   TextFile::Close(7);
 }
 
+// Whatever form the line has: its fields are taken and the next line comes next.
+TEST_F(EventFileTest, AMapThatFailsLeavesReadingInStep) {
+  map->Add(u"broken", map.get());
+  for (const char* line : {"5,\"broken\",1,2,3,4,5\r\n", " 5 ,\"broken\", 1,2,3,4,5\r\n"}) {
+    files.Put(kPath, std::string(line) + "6,\"a\",0,0,0,0,0\r\n7,\"a\",0,0,0,0,0\r\n");
+    TextFile::Open(7, kPath, TextFile::Mode::Input);
+    const Ref<vxEvent> event = Event(1, u"other");
+    EXPECT_EQ(ErrorOf([&] { event->ReadFromFile(7, map.get()); }), Error_TypeMismatch) << line;
+    EXPECT_EQ(event->time(), 5) << line;
+    EXPECT_FALSE(event->button) << line;
+    EXPECT_EQ(event->eventType, vxEvent_ButtonOff) << line;
+    EXPECT_EQ(event->y, 5) << line;
+    EXPECT_EQ(ErrorOf([&] { event->ReadFromFile(7, nullptr); }), Error_ObjectNotSet) << line;
+    EXPECT_EQ(event->time(), 6) << line;
+    EXPECT_TRUE(event->ReadFromFile(7, map.get())) << line;
+    EXPECT_EQ(event->time(), 7) << line;
+    TextFile::Close(7);
+  }
+  map->Clear();
+}
+
+// An empty field is one that a comma ends; at a line's end, reading goes on in the next line.
+TEST_F(EventFileTest, EmptyFieldsBeforeACommaAreZero) {
+  Load("1\r\n,\"a\",,,,,6\r\n");
+  EXPECT_EQ(Fields(), "0 a 0 0 0 0 6\n");
+  EXPECT_EQ(ErrorOf([&] { Load("1\r\n10,\"a\",0,0,0,1,\r\n"); }), Error_InputPastEnd);
+  Load("1\r\n10,\"a\",0,0,0,1,\r\n7\r\n");
+  EXPECT_EQ(Fields(), "10 a 0 0 0 1 7\n");
+}
+
+// What a name with a double quote comes back as: never as itself.
+TEST_F(EventFileTest, ANameWithADoubleQuoteIsNotReadBack) {
+  for (const char16_t* name : {u"a\"", u"\"a", u"say \"b\"", u"a\",5"}) map->Add(name, Button(name).get());
+  const std::pair<const char16_t*, std::int32_t> table[] = {{u"a\"", Error_InputPastEnd},
+                                                            {u"\"a", Error_TypeMismatch},
+                                                            {u"say \"b\"", Error_TypeMismatch},
+                                                            {u"a\",5", Error_TypeMismatch}};
+  for (const auto& [name, error] : table) {
+    recorder->ClearEvents();
+    Add(10, name);
+    Saved();
+    EXPECT_EQ(ErrorOf([&] { recorder->LoadEventsFrom(kPath, map.get()); }), error) << ToUtf8(name);
+  }
+  Load(
+      "1\r\n"
+      R"(10,"a",1,"2",0,0,0,0,0)"
+      "\r\n");  // of a button named a",1,"2
+  EXPECT_EQ(Fields(), "10 a 1 2 0 0 0\n");
+}
+
 TEST_F(EventFileTest, AFileNumberThatIsNotOpenFails) {
   const Ref<vxEvent> event = Event(5, u"a");
   const Ref<vxEventList> list = MakeRef<vxEventList>();

@@ -13,7 +13,7 @@ namespace vestrel {
 namespace {
 
 // The sanitizer keeps blocks that came back.
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VESTREL_SANITIZED)
 constexpr bool kWatched = true;
 #else
 constexpr bool kWatched = false;

@@ -10,9 +10,7 @@ using test::ErrorOf;
 using test::Journal;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class clsRecordControllerTest : public test::RecordingFixture {
  protected:
@@ -47,6 +45,27 @@ TEST_F(clsRecordControllerTest, InitLogsAndStartsStoppedAndEmpty) {
   EXPECT_THAT(journal, IsEmpty());
   recorder->Stop_();
   EXPECT_THAT(journal, ElementsAre("state 0"));
+}
+
+TEST_F(clsRecordControllerTest, InitStartsOver) {
+  recorder->Record();
+  Tick(120);
+  clock.ticks += 1000;
+  recorder->Init(bar.get());
+  TakeJournal();
+  Tick(7);  // since Init, from 0
+  EXPECT_THAT(TakeJournal(), ElementsAre("timecode 7"));
+  Record(Button(u"a").get(), PlayState_On);
+  recorder->Stop_();
+  EXPECT_THAT(journal, ElementsAre("state 0"));
+  EXPECT_EQ(recorder->EventList()->Size(), 0);
+}
+
+TEST_F(clsRecordControllerTest, BeforeInitNothingIsStoppedOrRecorded) {
+  const Ref<clsRecordController> raw = MakeRef<clsRecordController>();
+  raw->ChangePlaystate(Stopped);
+  raw->ButtonPlaystateChanged(Button(u"a").get(), PSEventSource_User, 0, 0, 0, 0);
+  EXPECT_EQ(ErrorOf([&] { raw->ChangePlaystate(Paused); }), Error_ObjectNotSet);
 }
 
 TEST_F(clsRecordControllerTest, FailsBeforeInitAndWithoutATransportBar) {
@@ -315,6 +334,11 @@ TEST_F(clsRecordControllerTest, ChangingATimeRefreshesTheHostsList) {
   recorder->updateEventTime(0, 300);
   EXPECT_EQ(Events(), "250 b, 300 a");
   EXPECT_THAT(journal, ElementsAre("refresh"));
+}
+
+TEST_F(clsRecordControllerTest, ATimeThatCannotBeChangedRefreshesNothing) {
+  EXPECT_EQ(ErrorOf([&] { recorder->updateEventTime(0, 300); }), Error_SubscriptOutOfRange);
+  EXPECT_THAT(journal, IsEmpty());
 }
 
 TEST_F(clsRecordControllerTest, ConvertsTimecodes) {

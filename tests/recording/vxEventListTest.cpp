@@ -62,6 +62,25 @@ TEST_F(vxEventListTest, InitStartsOver) {
   EXPECT_THAT(journal, ElementsAre("b on 2 0 0 0 0", "fired 50 #0"));
 }
 
+TEST_F(vxEventListTest, InitMergesAgainAndRewinds) {
+  list->SetRecordMode(RecordMode_Overwrite);
+  list->UpdateTime(200);
+  list->Init(handler.get());
+  Add(50, u"early");
+  Add(150, u"old");
+  list->StartRecording();  // at 0: a merged take replaces nothing, whatever it covers
+  list->UpdateTime(300);
+  list->StopRecording();
+  EXPECT_EQ(Events(), "50 early, 150 old");
+  list->Init(handler.get());
+  Add(50, u"early");
+  list->SetRecordMode(RecordMode_Overwrite);
+  list->StartRecording();  // from 0, where Init left the position
+  list->UpdateTime(100);
+  list->StopRecording();
+  EXPECT_EQ(Events(), "");
+}
+
 TEST_F(vxEventListTest, FiresWhatIsDueInOrder) {
   for (const auto& [time, name] : {std::pair{100, u"a"}, {200, u"b"}, {300, u"c"}}) Add(time, name);
   list->SeekTime(0);
@@ -152,8 +171,27 @@ TEST_F(vxEventListTest, SeekToAnEventAnswersItsTimeAndPlaysItNext) {
   EXPECT_EQ(list->SeekToEventIndex(-3), 100);
 }
 
+TEST_F(vxEventListTest, SeekPastTheEndLeavesNothingToFire) {
+  for (const auto& [time, name] : {std::pair{100, u"a"}, {200, u"b"}}) Add(time, name);
+  list->SeekToEventIndex(2);
+  list->UpdateTime(1000);
+  EXPECT_THAT(journal, IsEmpty());
+}
+
+TEST_F(vxEventListTest, SeekToANegativeIndexFiresThatItemBeforeTheFirst) {
+  for (const auto& [time, name] : {std::pair{100, u"a"}, {200, u"b"}}) Add(time, name);
+  EXPECT_EQ(list->SeekToEventIndex(-1), 200);
+  list->UpdateTime(200);
+  EXPECT_THAT(journal, ElementsAre("b on 2 0 0 0 0", "fired 200 #-1", "a on 2 0 0 0 0", "fired 100 #0",
+                                   "fired 200 #1"));
+}
+
 TEST_F(vxEventListTest, SeekToAnEventOfAnEmptyRecordingFails) {
   EXPECT_EQ(ErrorOf([&] { list->SeekToEventIndex(0); }), Error_SubscriptOutOfRange);
+  EXPECT_EQ(ErrorOf([&] { list->SeekToEventIndex(-1); }), Error_ObjectNotSet);
+  Add(100, u"a");
+  list->Clear();
+  EXPECT_EQ(list->SeekToEventIndex(-1), 100);  // what the vacated slot holds
 }
 
 TEST_F(vxEventListTest, SeekToAnEventMovesTheStartOfTheNextTake) {

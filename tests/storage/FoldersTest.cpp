@@ -6,6 +6,7 @@
 #include "storage/Folders.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/TempFolder.h"
 #include "util/modLog.h"
 
 namespace vestrel {
@@ -50,6 +51,13 @@ TEST_F(FoldersTest, MakesEveryLevelFromTheRootDown) {
   EXPECT_EQ(files.Calls("MakeDirectory"), 3);
 }
 
+TEST(FoldersOnDiskTest, MakesEveryLevelFromTheRootDown) {
+  const test::TempFolder folder;
+  modLog::Init(folder.Path("log.txt"));
+  modUtils::CreateDirs(*modObjectList::StringListFromSplit(folder.Path("Sequences") + u"\\Gala", u"\\"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.Real("Sequences") / "Gala"));
+}
+
 TEST_F(FoldersTest, AFileOfTheNameCountsAsTheFolder) {
   files.Put(u"C:\\app", "file");
   Create(u"C:\\app");
@@ -65,6 +73,30 @@ TEST_F(FoldersTest, FailuresReachTheCaller) {
 TEST_F(FoldersTest, NothingToMakeMakesNothing) {
   modUtils::CreateDirs(*MakeRef<clsObjectList>());
   EXPECT_EQ(files.Calls("MakeDirectory"), 0);
+}
+
+TEST_F(FoldersTest, AFileThatTheSystemCannotTellOfIsNoAbsentOne) {
+  files.Put(u"C:\\app\\f", "x");
+  files.FailEvery("Info", platform::FileStatus::IoError);
+  EXPECT_RAISES(Error_DeviceIO, modUtils::FileExists(u"C:\\app\\f"));
+  EXPECT_RAISES(Error_DeviceIO, modUtils::deleteINI(u"C:\\app", u"Gala", u"One"));
+}
+
+TEST_F(FoldersTest, ANewFolderIsForcedToTheDisk) {
+  files.PutFolder(u"C:\\app");
+  Create(u"C:\\app\\Sequences\\Gala");
+  EXPECT_EQ(files.Calls("SyncDirectory"), 2);
+  files.FailEvery("SyncDirectory", platform::FileStatus::IoError);
+  Create(u"C:\\app\\Sequences\\Encore");
+  EXPECT_TRUE(files.Has(u"C:\\app\\Sequences\\Encore"));
+}
+
+TEST_F(FoldersTest, InterruptedCallsAreMadeAgain) {
+  files.PutFolder(u"C:\\app");
+  for (int nth = 1; nth <= 3; ++nth) {
+    files.FailCall(nth, platform::FileStatus::Interrupted);
+    Create(u"C:\\app\\" + std::u16string(static_cast<std::size_t>(nth), u'x'));
+  }
 }
 
 TEST_F(FoldersTest, DeleteIniTakesThePageFileAndLeavesTheFolder) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "storage/IniBatch.h"
+#include "storage/Utf16Text.h"
 #include "storage/modIniFile.h"
 #include "tests/support/FakePlatform.h"
 
@@ -57,6 +58,14 @@ TEST_F(IniBatchTest, ReadsSeeWhatIsPending) {
   EXPECT_EQ(Read(u"c"), u"none");
 }
 
+TEST_F(IniBatchTest, APendingKeyIsThatOfItsOwnSection) {
+  const IniBatch batch(kFile, Sync::No);
+  std::u16string value = u"1";
+  modIniFile::WriteIniString(kFile, u"t", u"a", &value);
+  EXPECT_EQ(Read(u"a"), u"none");
+  EXPECT_EQ(modIniFile::ReadIniString(kFile, u" T ", u"a", u"none"), u"1");
+}
+
 TEST_F(IniBatchTest, ReadsSeePendingDeletionsAndLineBreaks) {
   files.Put(kFile, "[s]\r\na=1\r\na=2\r\n");
   const IniBatch batch(kFile, Sync::No);
@@ -64,6 +73,18 @@ TEST_F(IniBatchTest, ReadsSeePendingDeletionsAndLineBreaks) {
   EXPECT_EQ(Read(u"a"), u"2");
   Write(u"b", u"x\r\nc=y");
   EXPECT_EQ(Read(u"c"), u"y");
+}
+
+TEST_F(IniBatchTest, ReadsAFileInUtf16) {
+  files.Put(kFile, utf16::Encode(utf16::FromText(u"[s]\r\na=\u20AC\r\n")));
+  {
+    const IniBatch batch(kFile, Sync::No);
+    EXPECT_EQ(Read(u"a"), u"\u20AC");
+    Write(u"b", u"\u00E9");
+    EXPECT_EQ(Read(u"a"), u"\u20AC");
+    EXPECT_EQ(Read(u"b"), u"\u00E9");
+  }
+  EXPECT_EQ(files.Get(kFile), utf16::Encode(utf16::FromText(u"[s]\r\na=\u20AC\r\nb=\u00E9\r\n")));
 }
 
 TEST_F(IniBatchTest, AllReadsComeFromOneReadingOfTheFile) {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "storage/ProfileChange.h"
-#include "storage/Utf16Text.h"
 
 namespace vestrel {
 namespace {
@@ -54,7 +53,20 @@ TEST(ProfileChangeTest, LengthsThatEvenOutInOneSectorStayInPlace) {
   const std::string file = "[s]\r\na=1\r\nb=22\r\n";
   const std::vector edits{Set("a", "11"), Set("b", "2")};
   const ProfileChange change = PlanChange(file, edits);
+  EXPECT_EQ(change.kind, Kind::InPlace);
   EXPECT_EQ(Done(file, change), "[s]\r\na=11\r\nb=2\r\n");
+  const std::string other = "[s]\r\na=1234567\r\n;c\r\n";
+  const ProfileChange withNewKey = PlanChange(other, std::vector{Set("a", "12"), Set("b", "3")});
+  EXPECT_EQ(withNewKey.kind, Kind::InPlace);
+  EXPECT_EQ(Done(other, withNewKey), "[s]\r\na=12\r\nb=3\r\n;c\r\n");
+}
+
+TEST(ProfileChangeTest, LengthsThatEvenOutAcrossSectorsMakeAWholeFile) {
+  const std::string filler = "\r\n;" + std::string(kSectorSize, '-') + "\r\n";
+  const ProfileChange change =
+      PlanChange("[s]\r\na=1" + filler + "b=22\r\n", std::vector{Set("a", "11"), Set("b", "2")});
+  EXPECT_EQ(change.kind, Kind::Whole);
+  EXPECT_EQ(change.bytes, "[s]\r\na=11" + filler + "b=2\r\n");
 }
 
 // A value of two characters at every position around a sector's border, both of them changed.
@@ -78,7 +90,14 @@ TEST(ProfileChangeTest, FarApartValuesOfTheSameLengthMakeAWholeFile) {
 
 class Utf16 {
  public:
-  static std::string File(std::u16string_view text) { return utf16::Encode(utf16::FromText(text)); }
+  static std::string File(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (const char16_t unit : text) {
+      bytes += static_cast<char>(unit & 0xFFU);
+      bytes += static_cast<char>(unit >> 8U);
+    }
+    return bytes;
+  }
 };
 
 TEST(ProfileChangeTest, AFileInUtf16IsReadAndWrittenAsUtf16) {

@@ -62,7 +62,17 @@ TEST_F(ProfileFileTest, PutsAnythingElseInPlaceWhole) {
 TEST_F(ProfileFileTest, WhatIsThereAlreadyIsNotWritten) {
   files.Put(kFile, "[s]\r\nk=1\r\n");
   EXPECT_EQ(Write(kFile, "k", "1", Sync::Yes), FileStatus::Ok);
-  EXPECT_EQ(files.Calls("WriteAt") + files.Calls("Replace") + files.Calls("Sync"), 0);
+  EXPECT_EQ(files.Calls("WriteAt") + files.Calls("Replace"), 0);
+}
+
+TEST_F(ProfileFileTest, WhatIsThereAlreadyIsForcedToTheDiskAllTheSame) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  Write(kFile, "k", "10");
+  EXPECT_EQ(Write(kFile, "k", "10", Sync::Yes), FileStatus::Ok);
+  EXPECT_EQ(files.Calls("Sync"), 1);
+  EXPECT_EQ(files.Calls("SyncDirectory"), 1);
+  files.FailEvery("Sync", FileStatus::IoError);
+  EXPECT_EQ(Write(kFile, "k", "10", Sync::Yes), FileStatus::IoError);
 }
 
 TEST_F(ProfileFileTest, WaitsForTheDiskOnlyWhenAsked) {
@@ -72,9 +82,10 @@ TEST_F(ProfileFileTest, WaitsForTheDiskOnlyWhenAsked) {
   EXPECT_EQ(files.Calls("Sync") + files.Calls("SyncDirectory"), 0);
   Write(kFile, "k", "12", Sync::Yes);
   EXPECT_EQ(files.Calls("Sync"), 1);
+  EXPECT_EQ(files.Calls("SyncDirectory"), 1);
   Write(kFile, "k", "100", Sync::Yes);
   EXPECT_EQ(files.Calls("Sync"), 2);
-  EXPECT_EQ(files.Calls("SyncDirectory"), 1);
+  EXPECT_EQ(files.Calls("SyncDirectory"), 2);
 }
 
 TEST_F(ProfileFileTest, AReadOnlyFileRefusesEvenAnEqualValue) {
@@ -89,12 +100,22 @@ TEST_F(ProfileFileTest, AReadOnlyFileRefusesEvenAnEqualValue) {
 TEST_F(ProfileFileTest, WhatACrashLeftBesideTheFileIsGoneAfterTheNextSave) {
   for (const char* value : {"1", "2", "20", "20"}) {
     files.Put(kFile, "[s]\r\nk=1\r\n");
-    files.Put(kScratch, "half of a fi");
+    files.Put(kScratch, "half of a file that is longer");
     EXPECT_EQ(Write(kFile, "k", value), FileStatus::Ok);
+    EXPECT_EQ(files.Get(kFile), "[s]\r\nk=" + std::string(value) + "\r\n");
     EXPECT_EQ(files.Paths(), std::vector<std::u16string>{std::u16string(kFile)}) << value;
   }
   files.Put(kScratch, "half of a fi");
   EXPECT_EQ(Write(u"C:\\app\\new.ini", "k", "1"), FileStatus::Ok);
+  EXPECT_TRUE(files.Has(kScratch));
+}
+
+TEST_F(ProfileFileTest, TheScratchFileOfAWriterAtWorkStays) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  ScratchFile other(ScratchFile::kSettings);
+  ASSERT_EQ(other.Open(kFile, platform::LockMode::TryExclusive), FileStatus::Ok);
+  EXPECT_EQ(Write(kFile, "k", "2"), FileStatus::Ok);
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=2\r\n");
   EXPECT_TRUE(files.Has(kScratch));
 }
 
@@ -167,6 +188,14 @@ TEST_F(ProfileFileTest, AnOverwriteThatBreaksOffIsTakenBack) {
     EXPECT_EQ(files.Get(kFile), status == FileStatus::Ok ? "[s]\r\nk=ABCDEF\r\n" : "[s]\r\nk=abcdef\r\n")
         << nth;
   }
+}
+
+TEST_F(ProfileFileTest, ADiskThatTakesNothingMoreIsFull) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  files.LimitWrites(0);
+  EXPECT_EQ(Write(kFile, "k", "10"), FileStatus::DiskFull);
+  EXPECT_EQ(Write(kFile, "k", "2"), FileStatus::DiskFull);
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=1\r\n");
 }
 
 TEST_F(ProfileFileTest, InterruptedCallsAreMadeAgain) {

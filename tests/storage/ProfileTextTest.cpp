@@ -48,6 +48,7 @@ const ReadRow kReadRows[] = {
     {"a key may have no name", "[s]\r\n=v\r\n", "s", "", "v"},
     {"a value may be empty", "[s]\r\nk=\r\n", "s", "k", ""},
     {"the first of two keys counts", "[s]\r\nk=1\r\nk=2\r\n", "s", "k", "1"},
+    {"an absent section has no keys", "[s]\r\nk=v\r\n", "t", "k", "<none>"},
     {"only the first of two sections is looked into", "[s]\r\n[t]\r\n[s]\r\nk=v\r\n", "s", "k", "<none>"},
     {"keys before the first section are out of reach", "k=v\r\n[s]\r\n", "", "k", "<none>"},
     {"a section may have no name", "[]\r\nk=v\r\n", "", "k", "v"},
@@ -56,14 +57,19 @@ const ReadRow kReadRows[] = {
     {"one pair only", "[s]\r\nk=\"\"v\"\"\r\n", "s", "k", "\"v\""},
     {"unlike quotes stay", "[s]\r\nk=\"v'\r\n", "s", "k", "\"v'"},
     {"a lone quote stays", "[s]\r\nk=\"\r\n", "s", "k", "\""},
+    {"a closing quote alone stays", "[s]\r\nk=x\"\r\n", "s", "k", "x\""},
     {"an opening quote alone stays", "[s]\r\nk=\"x, x\r\n", "s", "k", "\"x, x"},
     {"an empty pair is empty", "[s]\r\nk=''\r\n", "s", "k", ""},
+    {"of either kind", "[s]\r\nk=\"\"\r\n", "s", "k", ""},
     {"two pairs lose their outer quotes", "[s]\r\nk=\"\" \"\"\r\n", "s", "k", "\" \""},
     {"quotes before a note stay", "[s]\r\nk=\"x\" ;c\r\n", "s", "k", "\"x\" ;c"},
     {"quotes in names are text", "['s']\r\n\"k\"=v\r\n", "'s'", "\"k\"", "v"},
     {"spaces round the names asked for are ignored", "[s]\r\nk=v\r\n", " s ", " k ", "v"},
     {"tabs there are not", "[s]\r\nk=v\r\n", "s", "\tk", "<none>"},
     {"tabs round a section asked for are not", "[s]\r\nk=v\r\n", "s\t", "k", "<none>"},
+    {"nor are vertical tabs", "[s]\r\nk=v\r\n", "s", "k\v", "<none>"},
+    {"nor are line ends", "[s]\r\nk=v\r\n", "s", "k\r\n", "<none>"},
+    {"nor are line ends round a section", "[s]\r\nk=v\r\n", "\rs", "k", "<none>"},
     {"a mark of UTF-8 hides a section on line 1", "\xEF\xBB\xBF[s]\r\nk=v\r\n", "s", "k", "<none>"},
     {"later sections are found", "\xEF\xBB\xBF[s]\r\n[t]\r\nk=v\r\n", "t", "k", "v"},
     {"a mark of UTF-16 big endian is text", std::string_view("\xFE\xFF\0[\0s\0]", 8), "s", "k", "<none>"},
@@ -109,6 +115,7 @@ const WriteRow kWriteRows[] = {
      {{"s", "k", "2"}},
      "[s]\r\nk=2\r\n"},
     {"a value held already is not written", "[s]\nk=1", {{"s", "k", "1"}}, "[s]\nk=1"},
+    {"and its line keeps its blanks", "[s]\r\n k =1\n", {{"s", "k", "1"}}, "[s]\r\n k =1\n"},
     {"a changed last line gets its end", "[s]\r\nk=1", {{"s", "k", "2"}}, "[s]\r\nk=2\r\n"},
     {"a written line ends with CR LF", "[s]\nk=1\nj=1\n", {{"s", "k", "2"}}, "[s]\nk=2\r\nj=1\n"},
     {"a new key goes behind the last key",
@@ -119,6 +126,10 @@ const WriteRow kWriteRows[] = {
      "[s]\r\nk=1\r\njunk\r\n\r\n",
      {{"s", "j", "2"}},
      "[s]\r\nk=1\r\njunk\r\nj=2\r\n\r\n"},
+    {"an empty line that ends with LF alone counts",
+     "[s]\nk=1\n\n[t]\n",
+     {{"s", "j", "2"}},
+     "[s]\nk=1\nj=2\r\n\n[t]\n"},
     {"in a section without keys it goes behind the header",
      "[s]\r\n;c\r\n",
      {{"s", "k", "1"}},
@@ -137,10 +148,24 @@ const WriteRow kWriteRows[] = {
      "[s]\r\nk=1",
      {{"s", "k", "2"}, {"s", "j", "3"}, {"t", "i", "4"}},
      "[s]\r\nk=2\r\nj=3\r\n[t]\r\ni=4\r\n"},
+    {"also where a new key ends it",
+     "[s]\r\nk=1",
+     {{"s", "j", "3"}, {"t", "i", "4"}},
+     "[s]\r\nk=1\r\nj=3\r\n[t]\r\ni=4\r\n"},
     {"a header without end", "[s]", {{"s", "k", "1"}}, "[s]\r\nk=1\r\n"},
     {"a mark of UTF-8 counts as a line", "\xEF\xBB\xBF", {{"s", "k", "1"}}, "\xEF\xBB\xBF\r\n[s]\r\nk=1\r\n"},
+    {"a section behind a mark of UTF-8 is not found by writes either",
+     "\xEF\xBB\xBF[s]\r\nk=1\r\n",
+     {{"s", "k", "2"}},
+     "\xEF\xBB\xBF[s]\r\nk=1\r\n[s]\r\nk=2\r\n"},
+    {"a mark of UTF-16 big endian is text of the first line",
+     std::string_view("\xFE\xFF\0[\0s\0]", 8),
+     {{"s", "k", "2"}},
+     std::string_view("\xFE\xFF\0[\0s\0]\r\n[s]\r\nk=2\r\n", 20)},
     {"spaces round names go", "", {{" s ", " k ", "v"}}, "[s]\r\nk=v\r\n"},
     {"tabs stay", "", {{"\ts", "k\t", "v"}}, "[\ts]\r\nk\t=v\r\n"},
+    {"vertical tabs stay", "", {{"s\v", "\vk", "v"}}, "[s\v]\r\n\vk=v\r\n"},
+    {"line ends in names are written", "", {{"s\r\nt", "k\r\nl", "v"}}, "[s\r\nt]\r\nk\r\nl=v\r\n"},
     {"blanks round a value stay", "[s]\r\nk=1\r\n", {{"s", "k", " v "}}, "[s]\r\nk= v \r\n"},
     {"quotes are not added", "", {{"s", "k", "\"v\""}}, "[s]\r\nk=\"v\"\r\n"},
     {"a line break is written as it is",
@@ -184,6 +209,7 @@ const WriteRow kWriteRows[] = {
      {{"s", "k", std::nullopt}},
      "[s]\r\nk=2\r\n"},
     {"and leaves an empty section", "[s]\r\nk=1\r\n[t]\r\n", {{"s", "k", std::nullopt}}, "[s]\r\n[t]\r\n"},
+    {"and no end for the line before", "[s]\nk=1", {{"s", "k", std::nullopt}}, "[s]\n"},
     {"deleting with spaces round the names", "[s]\r\nk=1\r\n", {{" s ", " k ", std::nullopt}}, "[s]\r\n"},
     {"a comment is not deleted", "[s]\r\n;k=1\r\n", {{"s", ";k", std::nullopt}}, "[s]\r\n;k=1\r\n"},
     {"nothing from a second section",
@@ -219,6 +245,22 @@ const WriteRow kWriteRows[] = {
 
 TEST(ProfileTextTest, WritesByTheRules) {
   for (const WriteRow& row : kWriteRows) EXPECT_EQ(EditedFile(row.text, row.edits), row.expected) << row.rule;
+}
+
+TEST(ProfileTextTest, BytesBeyondAsciiPassUnchanged) {
+  std::string high;
+  for (int byte = 0x80; byte <= 0xFF; ++byte) high += static_cast<char>(byte);
+  const std::string written = EditedFile("", std::vector<ProfileEdit>{{high, high, high}});
+  EXPECT_EQ(written, "[" + high + "]\r\n" + high + "=" + high + "\r\n");
+  EXPECT_EQ(ProfileText(written).Find(high, high), high);
+}
+
+TEST(ProfileTextTest, NamesMayHaveAnyLength) {
+  const std::string name(70000, 'n');
+  const std::string written = EditedFile("", std::vector<ProfileEdit>{{name, name, "1"}, {"s", name, "2"}});
+  EXPECT_EQ(ProfileText(written).Find(name, name), "1");
+  EXPECT_EQ(ProfileText(written).Find("s", name), "2");
+  EXPECT_EQ(ProfileText(written).Keys(name), std::vector<std::string_view>{name});
 }
 
 TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <functional>
@@ -8,6 +9,8 @@
 #include "storage/TextFile.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/TempFolder.h"
+#include "util/modLog.h"
 
 namespace vestrel {
 namespace {
@@ -72,6 +75,37 @@ TEST_F(TextFileTest, ReadsBackWhatItWrote) {
   EXPECT_EQ(TextFile::Input(1).ReadLong(), std::numeric_limits<std::int32_t>::min());
 }
 
+TEST_F(TextFileTest, WritesNumbersAsTheShortestTextThatReadsBack) {
+  const struct {
+    float value;
+    std::string_view text;
+  } rows[] = {{0.00001F, "0.00001"},
+              {0.000001F, "1E-06"},
+              {16777216.0F, "16777216"},
+              {1e14F, "100000000000000"},
+              {1e20F, "1E+20"},
+              {-1.5e-20F, "-1.5E-20"},
+              {-0.0F, "0"}};
+  for (const auto& row : rows) {
+    TextFile::Open(1, kFile, TextFile::Mode::Output);
+    TextFile::Output(1).WriteSingle(row.value);
+    TextFile::Close(1);
+    EXPECT_EQ(files.Get(kFile), row.text);
+  }
+}
+
+TEST_F(TextFileTest, WhatIsNoNumberCannotBeReadBack) {
+  for (const float value :
+       {std::numeric_limits<float>::infinity(), std::numeric_limits<float>::quiet_NaN()}) {
+    TextFile::Open(1, kFile, TextFile::Mode::Output);
+    TextFile::Output(1).WriteSingle(value);
+    TextFile::Close(1);
+    EXPECT_EQ(files.Get(kFile), value == value ? "inf" : "nan");
+    EXPECT_RAISES(Error_TypeMismatch, Reading(files.Get(kFile)).ReadSingle());
+    TextFile::Close(1);
+  }
+}
+
 struct TextRow {
   const char* rule;
   std::string_view bytes;
@@ -85,6 +119,8 @@ const TextRow kTextRows[] = {
     {"LF and CR end lines as well", "\"a\"\n\"b\"\r\"c\"", {u"a", u"b", u"c"}},
     {"empty lines are passed over", "\r\n\r\n\"a\"\r\n\r\n\"b\"", {u"a", u"b"}},
     {"plain texts end at a comma or line end", "one two,three\r\nfour", {u"one two", u"three", u"four"}},
+    {"plain texts keep their trailing blanks", "one \t,two ", {u"one \t", u"two "}},
+    {"nulls and end-of-file marks are text", std::string_view("a\0b,\"c\x1A\"", 8), {{u"a\0b", 3}, u"c\x1A"}},
     {"quotes inside a plain text are text", "a\"b\",c", {u"a\"b\"", u"c"}},
     {"empty quotes are an empty text", "\"\",\"a\"", {u"", u"a"}},
     {"so is nothing between commas", ",,a", {u"", u"", u"a"}},
@@ -193,6 +229,17 @@ TEST_F(TextFileTest, WholeLinesCanBeTakenFromTheBytes) {
   EXPECT_EQ(Description([&] { in.Fail(Error_TypeMismatch); }), u"Type mismatch: C:\\app\\take.txt, line 4");
 }
 
+TEST_F(TextFileTest, ALineEndMayLieAcrossTheChunksItReads) {
+  for (const std::size_t chunk : {65536U, 131072U}) {
+    for (std::size_t length = chunk - 3; length <= chunk + 1; ++length) {
+      TextInput& in = Reading(std::string(length, 'x') + "\r\n1\r\n");
+      EXPECT_GE(in.AheadToLineEnd().size(), length + 2) << length;
+      in.TakeLine(length + 2);
+      EXPECT_EQ(in.AheadToLineEnd(), "1\r\n") << length;
+    }
+  }
+}
+
 TEST_F(TextFileTest, WholeLinesCanBeWrittenAsBytes) {
   TextFile::Open(1, kFile, TextFile::Mode::Output);
   std::string expected;
@@ -244,6 +291,27 @@ TEST_F(TextFileTest, OpeningFailsWithTheClassicNumbers) {
   EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Input(1));
 }
 
+TEST(TextFileOnDiskTest, KeepsPermissions) {
+  const test::TempFolder folder;
+  folder.Put("take.txt", "old");
+  chmod(folder.Real("take.txt").c_str(), 0640);
+  TextFile::Open(1, folder.Path("take.txt"), TextFile::Mode::Output);
+  TextFile::Close(1);
+  EXPECT_EQ(folder.Get("take.txt"), "");
+  struct stat data {};
+  stat(folder.Real("take.txt").c_str(), &data);
+  EXPECT_EQ(data.st_mode & 0777U, 0640U);
+}
+
+TEST(TextFileOnDiskTest, ANullInAPathIsRefused) {
+  const test::TempFolder folder;
+  const std::u16string path = folder.Path("take") + std::u16string(1, u'\0') + u".txt";
+  EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Open(1, path, TextFile::Mode::Output));
+  EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Open(1, path, TextFile::Mode::Append));
+  EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Open(1, path, TextFile::Mode::Input));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Real()));
+}
+
 TEST_F(TextFileTest, AnotherWritersFileIsRefusedNotWaitedFor) {
   const TextOutput other(kFile, TextOutput::Kind::New);
   EXPECT_RAISES(Error_PermissionDenied, TextFile::Open(1, kFile, TextFile::Mode::Output));
@@ -286,6 +354,24 @@ TEST_F(TextFileTest, AppendingWritesBehindWhatIsThere) {
   TextFile::Output(1).WriteLine(u"two");
   TextFile::Close(1);
   EXPECT_EQ(files.Get(kFile), "one\r\ntwo\r\n");
+}
+
+TEST_F(TextFileTest, AFailureAtTheEndOfAppendingIsRaised) {
+  TextFile::Open(1, kFile, TextFile::Mode::Append);
+  files.FailEvery("Close", FileStatus::DiskFull);
+  EXPECT_RAISES(Error_DiskFull, TextFile::Close(1));
+  EXPECT_EQ(TextFile::FreeNumber(), 1);
+}
+
+TEST_F(TextFileTest, LostCharactersAreLoggedWhenTheFileIsClosed) {
+  modLog::Init(u"C:\\app\\log.txt");
+  TextFile::Open(1, kFile, TextFile::Mode::Output);
+  TextFile::Output(1).WriteText(u"a take " + std::u16string(1, char16_t{0xD800}));
+  TextFile::Close(1);
+  EXPECT_EQ(files.Get(kFile), "\"a take ?\"");
+  EXPECT_NE(
+      files.Get(u"C:\\app\\log.txt").find("[Warning] the system's code page lacks characters of [a take ?]"),
+      std::string::npos);
 }
 
 TEST_F(TextFileTest, AFileThatIsReadStaysWholeWhenItIsReplaced) {
@@ -342,6 +428,7 @@ TEST_F(TextFileTest, AFailedWriteIsNotPutInPlaceByClosing) {
   const std::u16string block(100000, u'x');
   EXPECT_RAISES(Error_DiskFull, TextFile::Output(1).WriteLine(block));
   files.FailNothing();
+  EXPECT_RAISES(Error_DeviceIO, TextFile::Output(1).WriteLine(block));
   TextFile::Close(1);
   EXPECT_EQ(files.Get(kFile), "old");
 }

@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 #include "storage/clsIniFile.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
 #include "util/modLog.h"
 
@@ -35,7 +36,9 @@ TEST_F(clsIniFileTest, IsUnboundUntilUseFile) {
   const Ref<clsIniFile> fresh = MakeRef<clsIniFile>();
   EXPECT_FALSE(fresh->IsSet());
   EXPECT_EQ(fresh->filename(), u"");
+  fresh->WriteLong(u"k", 1);
   EXPECT_EQ(fresh->ReadString(u"k", u"d"), u"d");
+  EXPECT_EQ(files.Paths(), std::vector<std::u16string>{std::u16string(kLog)});
   fresh->UseFile(u"C:\\app\\x.ini");
   EXPECT_TRUE(fresh->IsSet());
   EXPECT_EQ(fresh->filename(), u"C:\\app\\x.ini");
@@ -124,6 +127,14 @@ TEST_F(clsIniFileTest, TestWritableLeavesTheDateInItsOwnSection) {
   EXPECT_EQ(files.Get(kFile), "[Test Section]\r\nWriteTest=15/11/2026 07:31:41\r\n");
 }
 
+TEST_F(clsIniFileTest, TestWritableSaysYesWhateverTheDateLooksLike) {
+  clock.dateTime = u" 15/11/2026\u202F07:31:41 " + std::u16string(1, char16_t{0xD800}) + u"M ";
+  EXPECT_TRUE(ini->TestWritable());
+  EXPECT_EQ(files.Get(kFile),
+            "[Test Section]\r\nWriteTest=15/11/2026\xE2\x80\xAF"
+            "07:31:41 ?M\r\n");
+}
+
 TEST_F(clsIniFileTest, TestWritableSaysNoForAReadOnlyFileAndAMissingFolder) {
   files.Put(kFile, "[S]\r\n");
   files.SetReadOnly(kFile, true);
@@ -133,11 +144,24 @@ TEST_F(clsIniFileTest, TestWritableSaysNoForAReadOnlyFileAndAMissingFolder) {
   EXPECT_FALSE(ini->TestWritable());
 }
 
+TEST_F(clsIniFileTest, TestWritableIsNotDeceivedByAnOldTest) {
+  files.Put(kFile, "[Test Section]\r\nWriteTest=14/11/2026 07:31:41\r\n");
+  files.SetReadOnly(kFile, true);
+  EXPECT_FALSE(ini->TestWritable());
+}
+
 TEST_F(clsIniFileTest, TestWritableAsksTheFileEvenInsideABatch) {
   files.Put(kFile, "[S]\r\n");
   files.SetReadOnly(kFile, true);
   const IniBatch batch(*ini, Sync::No);
   EXPECT_FALSE(ini->TestWritable());
+}
+
+TEST_F(clsIniFileTest, TestWritableLogsBeforeItWrites) {
+  modLog::SetLogLevel(LogLevel_4_SPEW);
+  files.FailCall(1, platform::FileStatus::AccessDenied);
+  EXPECT_RAISES(Error_PathFileAccess, ini->TestWritable());
+  EXPECT_FALSE(files.Has(kFile));
 }
 
 TEST_F(clsIniFileTest, TestWritableLogsWhatItWritesWhere) {

@@ -47,6 +47,14 @@ TEST_F(clsMultiFileTest, NeedsInit) {
   EXPECT_RAISES(Error_ObjectNotSet, fresh->Save());
   EXPECT_RAISES(Error_ObjectNotSet, fresh->Load());
   EXPECT_RAISES(Error_ObjectNotSet, fresh->AddSequence(nullptr));
+  EXPECT_RAISES(Error_ObjectNotSet, fresh->Delete(true));
+  EXPECT_RAISES(0, fresh->Delete());
+}
+
+TEST_F(clsMultiFileTest, OnlyARealSequenceCanBeSaved) {
+  multi->AddSequence(nullptr);
+  EXPECT_RAISES(Error_ObjectNotSet, multi->Save());
+  EXPECT_FALSE(files.Has(kFile));
 }
 
 TEST_F(clsMultiFileTest, AnEmptyListSavesVersionAndCountAlone) {
@@ -76,12 +84,26 @@ TEST_F(clsMultiFileTest, LoadingAppends) {
   EXPECT_EQ(At(0).theName, u"first");
 }
 
+TEST_F(clsMultiFileTest, InitStartsAnEmptyListForTheFileItNames) {
+  Add(u"A");
+  const Ref<clsObjectList> old = multi->SequenceList();
+  multi->Init(u"C:\\app", u"Gala", u"Page 1", u"Chase");
+  EXPECT_EQ(multi->SequenceList()->Size(), 0);
+  EXPECT_EQ(old->Size(), 1);
+  multi->Save();
+  EXPECT_EQ(files.Get(In(u"Chase.MUL")), "1,1\r\n0\r\n");
+  EXPECT_FALSE(files.Has(kFile));
+}
+
 TEST_F(clsMultiFileTest, AnotherVersionIsLoggedAndLoadsNothing) {
   files.Put(kFile, "1,2\r\n1\r\n");
   Add(u"kept");
   multi->Load();
   EXPECT_EQ(multi->SequenceList()->Size(), 1);
   EXPECT_TRUE(Logged("[Info] *** unknown multi file format version 1.2 ***\r\n"));
+  files.Put(kFile, "2,1\r\n0\r\n");
+  multi->Load();
+  EXPECT_TRUE(Logged("[Info] *** unknown multi file format version 2.1 ***\r\n"));
   EXPECT_EQ(files.OpenFiles(), 0);
 }
 
@@ -127,11 +149,11 @@ TEST_F(clsMultiFileTest, DeletesTheSequencesFilesFirst) {
   EXPECT_FALSE(files.Has(In(u"A.ASQ")) || files.Has(In(u"A.BMP")) || files.Has(In(u"A.UQF")));
   EXPECT_FALSE(files.Has(In(u"B.BMP")) || files.Has(kFile));
   EXPECT_TRUE(files.Has(In(u"B.TXT")));
+  const std::string start = "[Info] deleting multi seq file: C:\\app\\Sequences\\Gala\\Page 1\\";
   const std::string log = files.Get(u"C:\\app\\log.txt");
-  const std::size_t asq = log.find("deleting multi seq file: C:\\app\\Sequences\\Gala\\Page 1\\A.ASQ");
-  const std::size_t bmp = log.find("deleting multi seq file: C:\\app\\Sequences\\Gala\\Page 1\\A.BMP");
-  EXPECT_LT(asq, bmp);
-  EXPECT_LT(bmp, log.find("deleting multi file: "));
+  EXPECT_EQ(log.substr(log.find("[Info]")),
+            start + "A.ASQ\r\n" + start + "A.BMP\r\n" + start + "A.UQF\r\n" + start + "B.BMP\r\n" +
+                "[Info] deleting multi file: C:\\app\\Sequences\\Gala\\Page 1\\Wash.MUL\r\n");
 }
 
 TEST_F(clsMultiFileTest, DeletingWhatIsNotThereDoesNothing) {

@@ -62,6 +62,23 @@ TEST_F(clsSequenceTest, SavesFifteenFieldsInOrderAndReadsThemBack) {
   EXPECT_EQ(loaded->myPage, u"");
 }
 
+TEST_F(clsSequenceTest, EachFlagHasItsOwnPlace) {
+  bool clsSequence::*const flags[] = {&clsSequence::releaseActive, &clsSequence::isRunning,
+                                      &clsSequence::timeBool, &clsSequence::beatBool};
+  for (std::size_t set = 0; set < std::size(flags); ++set) {
+    const Ref<clsSequence> sequence = MakeRef<clsSequence>();
+    sequence.get()->*flags[set] = true;
+    std::string expected = "\"\",\"\",0,\"\"";
+    for (std::size_t i = 0; i < std::size(flags); ++i) expected += i == set ? ",#TRUE#" : ",#FALSE#";
+    EXPECT_EQ(Saved(*sequence), expected + ",0,0,0,0,0,\"\",0\r\n");
+    const Ref<clsSequence> loaded = MakeRef<clsSequence>();
+    TextFile::Open(1, kLine, TextFile::Mode::Input);
+    loaded->LoadFromFile(1, 1, 1);
+    TextFile::Close(1);
+    for (std::size_t i = 0; i < std::size(flags); ++i) EXPECT_EQ(loaded.get()->*flags[i], i == set);
+  }
+}
+
 TEST_F(clsSequenceTest, ReadsNothingOfAnotherVersion) {
   const Ref<clsSequence> sequence = MakeRef<clsSequence>();
   sequence->theName = u"kept";
@@ -88,6 +105,11 @@ TEST_F(clsSequenceTest, WritesOffForItsTrimmedNameAndPageWhenDestroyed) {
   EXPECT_FALSE(files.Has(kStatus));
   const_cast<Ref<clsSequence>&>(second) = nullptr;  // NOLINT(cppcoreguidelines-pro-type-const-cast)
   EXPECT_EQ(files.Get(kStatus), "[Intro]\r\nPage 1=off\r\n");
+}
+
+TEST_F(clsSequenceTest, WritesOffWithoutANameAsWell) {
+  MakeRef<clsSequence>();
+  EXPECT_EQ(files.Get(kStatus), "[]\r\n=off\r\n");
 }
 
 TEST_F(clsSequenceTest, SwallowsAFailingWriteOfItsStatus) {

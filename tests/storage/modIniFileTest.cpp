@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "core/Error.h"
 #include "storage/modIniFile.h"
 #include "tests/support/Errors.h"
@@ -41,8 +43,10 @@ TEST_F(modIniFileTest, DefaultsLoseTheirTrailingSpacesOnly) {
   const DefaultRow rows[] = {{u"d", u"d"}, {u"d  ", u"d"},       {u"  d", u"  d"}, {u"d\t", u"d\t"},
                              {u"  ", u""}, {u"\"d\"", u"\"d\""}, {u"", u""},       {u"d\r\n", u"d\r\n"}};
   for (const DefaultRow& row : rows) EXPECT_EQ(Read(u"k", row.given), row.result);
-  files.Put(kFile, "[s]\r\n");
-  for (const DefaultRow& row : rows) EXPECT_EQ(Read(u"k", row.given), row.result);
+  for (const std::string_view text : {"[s]\r\n", "[t]\r\nk=1\r\n"}) {
+    files.Put(kFile, text);
+    for (const DefaultRow& row : rows) EXPECT_EQ(Read(u"k", row.given), row.result);
+  }
 }
 
 TEST_F(modIniFileTest, AnEmptyValueIsNotTheDefault) {
@@ -116,6 +120,21 @@ TEST_F(modIniFileTest, EachReadSeesWhatOthersWrote) {
   EXPECT_EQ(Read(u"k"), u"2");
 }
 
+TEST_F(modIniFileTest, ReadersTakeTheLock) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  files.ForgetCalls();
+  EXPECT_EQ(Read(u"k"), u"1");
+  EXPECT_EQ(files.Calls("Lock"), 1);
+}
+
+TEST_F(modIniFileTest, WithoutALogNothingIsToldOfLostCharacters) {
+  std::thread([this] {
+    const platform::Override here({nullptr, &files, nullptr, nullptr});
+    Write(u"k", u"no log " + std::u16string(1, char16_t{0xD800}));
+  }).join();
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=no log ?\r\n");
+}
+
 TEST_F(modIniFileTest, FailedWritesAreNotReported) {
   files.FailEvery("Replace", platform::FileStatus::DiskFull);
   Write(u"k", u"1");
@@ -127,8 +146,27 @@ TEST_F(modIniFileTest, AFileThatCannotBeReadGivesDefaults) {
   files.FailEvery("ReadAt", platform::FileStatus::IoError);
   EXPECT_EQ(Read(u"k"), u"d");
   files.FailNothing();
+  files.FailEvery("Open", platform::FileStatus::Busy);
+  EXPECT_EQ(Read(u"k"), u"d");
+  files.FailNothing();
   files.FailEvery("Lock", platform::FileStatus::IoError);
   EXPECT_EQ(Read(u"k"), u"1");
+}
+
+TEST_F(modIniFileTest, AReadOnlyFileIsReadAndNotWritten) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  files.SetReadOnly(kFile, true);
+  Write(u"k", u"2");
+  EXPECT_EQ(Read(u"k"), u"1");
+}
+
+TEST_F(modIniFileTest, AFolderOrAnEmptyNameIsNoFile) {
+  for (const std::u16string_view name : {u"C:\\app", u""}) {
+    std::u16string value = u"1";
+    modIniFile::WriteIniString(name, u"s", u"k", &value);
+    EXPECT_EQ(modIniFile::ReadIniString(name, u"s", u"k", u"d"), u"d");
+  }
+  EXPECT_EQ(files.Paths(), std::vector<std::u16string>{std::u16string(kLog)});
 }
 
 TEST_F(modIniFileTest, AValueLongerThanAReadIsWarnedOf) {

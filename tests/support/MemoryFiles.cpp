@@ -10,10 +10,7 @@ using platform::FileInfo;
 using platform::FileStatus;
 using platform::OpenMode;
 
-namespace {
-
-// "\" for every run of separators, none at the end.
-std::u16string Normal(std::u16string_view path) {
+std::u16string NormalPath(std::u16string_view path) {
   std::u16string result;
   for (const char16_t unit : path) {
     const bool separator = unit == u'\\' || unit == u'/';
@@ -23,6 +20,8 @@ std::u16string Normal(std::u16string_view path) {
   if (result.size() > 1 && result.back() == u'\\') result.pop_back();
   return result;
 }
+
+namespace {
 
 std::u16string FolderOf(const std::u16string& path) {
   return path.substr(0, std::min(path.rfind(u'\\'), path.size()));
@@ -140,28 +139,28 @@ class MemoryFile final : public File {
 };
 
 void MemoryFiles::Put(std::u16string_view path, std::string_view bytes) {
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   MakeFoldersOf(name);
   Make(name)->bytes = bytes;
 }
 
 void MemoryFiles::PutFolder(std::u16string_view path) {
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   MakeFoldersOf(name);
   folders_.insert(name);
 }
 
 void MemoryFiles::SetReadOnly(std::u16string_view path, bool readOnly) {
-  files_.at(Normal(path))->readOnly = readOnly;
+  files_.at(NormalPath(path))->readOnly = readOnly;
 }
 
 bool MemoryFiles::Has(std::u16string_view path) const {
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   return files_.contains(name) || folders_.contains(name);
 }
 
 std::string MemoryFiles::Get(std::u16string_view path) const {
-  const auto found = files_.find(Normal(path));
+  const auto found = files_.find(NormalPath(path));
   return found == files_.end() ? "<none>" : found->second->bytes;
 }
 
@@ -209,7 +208,7 @@ FileStatus MemoryFiles::Called(std::string_view name) {
 
 FileStatus MemoryFiles::Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) {
   if (const FileStatus failure = Called("Open"); failure != FileStatus::Ok) return failure;
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   if (name.empty()) return FileStatus::BadName;
   if (folders_.contains(name)) return FileStatus::AccessDenied;
   const auto found = files_.find(name);
@@ -226,7 +225,7 @@ FileStatus MemoryFiles::Open(std::u16string_view path, OpenMode mode, std::uniqu
 
 FileStatus MemoryFiles::Info(std::u16string_view path, FileInfo& info) {
   if (const FileStatus failure = Called("Info"); failure != FileStatus::Ok) return failure;
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   if (const auto found = files_.find(name); found != files_.end()) {
     info = InfoOf(*found->second);
     return FileStatus::Ok;
@@ -245,9 +244,9 @@ FileStatus MemoryFiles::Resolve(std::u16string_view path, std::u16string& real) 
 
 FileStatus MemoryFiles::Replace(std::u16string_view from, std::u16string_view to) {
   if (const FileStatus failure = Called("Replace"); failure != FileStatus::Ok) return failure;
-  const auto found = files_.find(Normal(from));
-  const std::u16string target = Normal(to);
-  if (found == files_.end()) return MissingStatus(Normal(from));
+  const auto found = files_.find(NormalPath(from));
+  const std::u16string target = NormalPath(to);
+  if (found == files_.end()) return MissingStatus(NormalPath(from));
   if (folders_.contains(target)) return FileStatus::AccessDenied;
   if (!IsFolder(FolderOf(target))) return FileStatus::PathNotFound;
   const auto old = files_.find(target);
@@ -261,14 +260,14 @@ FileStatus MemoryFiles::Replace(std::u16string_view from, std::u16string_view to
 
 FileStatus MemoryFiles::Remove(std::u16string_view path) {
   if (const FileStatus failure = Called("Remove"); failure != FileStatus::Ok) return failure;
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   if (folders_.contains(name)) return FileStatus::AccessDenied;
   return files_.erase(name) != 0 ? FileStatus::Ok : MissingStatus(name);
 }
 
 FileStatus MemoryFiles::MakeDirectory(std::u16string_view path) {
   if (const FileStatus failure = Called("MakeDirectory"); failure != FileStatus::Ok) return failure;
-  const std::u16string name = Normal(path);
+  const std::u16string name = NormalPath(path);
   if (Has(name)) return FileStatus::Exists;
   if (!IsFolder(FolderOf(name))) return FileStatus::PathNotFound;
   folders_.insert(name);
@@ -277,12 +276,12 @@ FileStatus MemoryFiles::MakeDirectory(std::u16string_view path) {
 
 FileStatus MemoryFiles::SyncDirectory(std::u16string_view path) {
   if (const FileStatus failure = Called("SyncDirectory"); failure != FileStatus::Ok) return failure;
-  return IsFolder(Normal(path)) ? FileStatus::Ok : FileStatus::NotFound;
+  return IsFolder(NormalPath(path)) ? FileStatus::Ok : FileStatus::NotFound;
 }
 
 FileStatus MemoryFiles::List(std::u16string_view path, std::vector<std::u16string>& names) {
   if (const FileStatus failure = Called("List"); failure != FileStatus::Ok) return failure;
-  const std::u16string folder = Normal(path);
+  const std::u16string folder = NormalPath(path);
   if (!IsFolder(folder)) return MissingStatus(folder);
   names.clear();
   const auto take = [&names, &folder](const std::u16string& name) {

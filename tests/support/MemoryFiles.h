@@ -16,6 +16,9 @@ namespace vestrel::test {
 
 class MemoryFile;
 
+// "\" for every run of separators, none at the end.
+std::u16string NormalPath(std::u16string_view path);
+
 class MemoryFiles final : public platform::Files {
  public:
   // Makes the file, and the folders on its way.

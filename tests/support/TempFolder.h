@@ -11,8 +11,8 @@ namespace vestrel::test {
 
 class TempFolder {
  public:
-  TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vestrel-XXXXXX").string();
+  explicit TempFolder(const std::filesystem::path& where = std::filesystem::temp_directory_path()) {
+    std::string name = (where / "vestrel-XXXXXX").string();
     root_ = mkdtemp(name.data());
   }
   TempFolder(const TempFolder&) = delete;

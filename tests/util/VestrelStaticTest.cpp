@@ -11,8 +11,6 @@
 namespace vestrel {
 namespace {
 
-using testing::ElementsAre;
-
 class VestrelStaticTest : public test::LogFixture {
  protected:
   Ref<VestrelStatic> facade = MakeRef<VestrelStatic>();
@@ -94,6 +92,21 @@ TEST_F(VestrelStaticTest, ComparesThroughTheFirstObject) {
   EXPECT_RAISES(13, facade->AreEqual(two.get(), BoxString(u"2").get()));
   EXPECT_RAISES(91, facade->AreEqual(nullptr, two.get()));
   EXPECT_RAISES(91, facade->NotEqual(nullptr, two.get()));
+}
+
+TEST_F(VestrelStaticTest, ButtonsThatDifferInNameOnlyAreNotEqual) {
+  const auto named = [](std::u16string_view name) {
+    const Ref<clsButton> button = MakeRef<clsButton>();
+    button->InitWithValues(nullptr, 1, 4, name, ButtonType_Sequence, nullptr);
+    return button;
+  };
+  const Ref<clsButton> intro = named(u"Intro");
+  EXPECT_FALSE(facade->AreEqual(intro.get(), named(u"Outro").get()));
+  EXPECT_TRUE(facade->NotEqual(intro.get(), named(u"Outro").get()));
+  EXPECT_TRUE(facade->AreEqual(intro.get(), named(u"Intro").get()));
+  EXPECT_TRUE(facade->AreEqual(intro.get(), named(u"Outro").get(), u"buttonIndex"));
+  EXPECT_RAISES(errBadFieldName, facade->AreEqual(intro.get(), intro.get(), u"name"));
+  EXPECT_RAISES(errBadFieldName, facade->NotEqual(intro.get(), intro.get(), u"name"));
 }
 
 TEST_F(VestrelStaticTest, TakesFileNamesApart) {

@@ -108,6 +108,7 @@ TEST(clsFormatCaptureTest, AnItemStartsAsAnEmptyNumber) {
   const Ref<clsFormatCaptureItem> item = MakeRef<clsFormatCaptureItem>();
   EXPECT_EQ(item->strValue, u"");
   EXPECT_EQ(item->itemType, CaptureType_Long);
+  EXPECT_EQ(CaptureType_Long, 0);
 }
 
 }  // namespace

@@ -184,6 +184,24 @@ TEST_F(clsLoggerTest, ALineAfterAFailedWriteStartsOnALineOfItsOwn) {
   EXPECT_EQ(files.Get(kFile), kHeader + "[Inf\r\n[Info] next\r\n");
 }
 
+TEST_F(clsLoggerTest, ACallThatIsInterruptedWithoutEndFails) {
+  const Ref<clsLogger> logger = Started();
+  for (const char* const call : {"Open", "WriteAt", "Close"}) {
+    files.FailEvery(call, platform::FileStatus::Interrupted);
+    EXPECT_RAISES(Error_DeviceIO, logger->Log(u"x")) << call;
+    files.FailNothing();
+  }
+}
+
+TEST_F(clsLoggerTest, AnyInterruptedCallIsMadeAgain) {
+  const Ref<clsLogger> logger = Started();
+  for (int nth = 1; nth <= 3; ++nth) {
+    files.FailCall(nth, platform::FileStatus::Interrupted);
+    logger->Log(u"x");
+  }
+  EXPECT_EQ(files.Get(kFile), kHeader + "[Info] x\r\n[Info] x\r\n[Info] x\r\n");
+}
+
 TEST_F(clsLoggerTest, AnInterruptedWriteIsTriedAgain) {
   const Ref<clsLogger> logger = Started();
   files.FailCall(2, platform::FileStatus::Interrupted);

@@ -294,6 +294,16 @@ TEST(modSprintfTest, TakesDynamicValues) {
   EXPECT_EQ(Format(u"%.1f", Variant(BoxString(u"1.25"))), u"1.2");
 }
 
+TEST(modSprintfTest, ABoxIsConvertedLikeTheValueInIt) {
+  const Variant text(BoxString(u"65"));
+  const Variant name(BoxString(u"xyz"));
+  const Variant number(BoxLong(65));
+  EXPECT_EQ(Format(u"%c%c%c", text, name, number), u"6xA");
+  EXPECT_EQ(Format(u"%.2X|%.9x|%x", name, text, number), u"XY|65|41");
+  EXPECT_EQ(Format(u"%5.2s|%d|%p", name, text, name), u"   xy|65|0000:0000");
+  EXPECT_EQ(Format(u"%*s", number, name), u"xyz");
+}
+
 TEST(modSprintfTest, AnObjectWithoutAValueIsNoTextAndNotNumeric) {
   const Variant list(MakeRef<clsObjectList>());
   EXPECT_RAISES(13, Format(u"%s", list));
