@@ -64,6 +64,29 @@ inline constexpr bool kComparesCheaply = !std::is_class_v<T> || std::is_same_v<T
 template <class T>
 inline constexpr bool kComparesCheaply<Ref<T>> = true;
 
+// What a result argument holds until the operation writes to it: a value that operations do not write. What
+// the caller's variable holds does not matter to them, need not convert, and stays when nothing is written.
+template <class T>
+struct Unwritten;
+
+template <>
+struct Unwritten<std::int32_t> {
+  static std::int32_t Make() { return std::numeric_limits<std::int32_t>::min() + 0x2B5D; }
+};
+template <>
+struct Unwritten<std::u16string> {
+  static std::u16string Make() { return u"\uFFFE\uFFFFunwritten"; }
+};
+template <class T>
+struct Unwritten<Ref<T>> {
+  static Ref<T> Make() { return MakeRef<T>(); }
+};
+template <>
+struct Unwritten<Ref<Object>> {
+  class Placeholder : public Object {};
+  static Ref<Object> Make() { return MakeRef<Placeholder>(); }
+};
+
 // The value behind a reference, with what it was before the call, so that only a change is stored back.
 template <class T>
 class WrittenValue {
@@ -74,23 +97,19 @@ class WrittenValue {
   void Finish(const ArgumentSource& source) {
     if (!source.call.Given(source.index)) return;
     if constexpr (kComparesCheaply<T>) {
-      if (converted_ && value_ == before_) return;
+      if (value_ == before_) return;
     }
     Codec<T>::Store(source.call, source.index, value_);
   }
 
  private:
-  T Before(const ArgumentSource& source) {
-    if (source.parameter.direction != Direction::Out) return ReadOrDefault<T>(source);
-    try {
-      return ReadOrDefault<T>(source);
-    } catch (const CallFailure&) {
-      converted_ = false;
-      return T{};
+  static T Before(const ArgumentSource& source) {
+    if constexpr (requires { Unwritten<T>::Make(); }) {
+      if (source.parameter.direction == Direction::Out) return Unwritten<T>::Make();
     }
+    return ReadOrDefault<T>(source);
   }
 
-  bool converted_ = true;
   T value_;
   T before_;
 };

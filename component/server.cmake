@@ -56,6 +56,11 @@ add_custom_command(OUTPUT "${output}/Vestrel.idl"
 add_custom_command(OUTPUT "${work}/Vestrel.idl"
   COMMAND "${vestrel_tables}" widl > "${work}/Vestrel.idl"
   DEPENDS "${vestrel_tables}" VERBATIM)
+# widl names its source in the header: a name without folders gives the same header everywhere.
+add_custom_command(OUTPUT "${work}/header/Vestrel.idl"
+  COMMAND "${CMAKE_COMMAND}" -E make_directory "${work}/header"
+  COMMAND "${vestrel_tables}" header > "${work}/header/Vestrel.idl"
+  DEPENDS "${vestrel_tables}" VERBATIM)
 add_custom_command(OUTPUT "${output}/Vestrel.manifest"
   COMMAND "${vestrel_tables}" manifest ${architecture} ${PROJECT_VERSION} > "${output}/Vestrel.manifest"
   DEPENDS "${vestrel_tables}" VERBATIM)
@@ -67,8 +72,9 @@ add_custom_command(OUTPUT "${output}/Vestrel.tlb"
   COMMAND "${vestrel_tables}" finish-typelib "${output}/Vestrel.tlb"
   DEPENDS "${work}/Vestrel.idl" "${work}/stdole2.tlb" "${system_idl}/oaidl.idl" "${vestrel_tables}" VERBATIM)
 add_custom_command(OUTPUT "${output}/Vestrel.h"
-  COMMAND ${widl} -L "${work}" -h -o "${output}/Vestrel.h" "${work}/Vestrel.idl"
-  DEPENDS "${work}/Vestrel.idl" "${work}/stdole2.tlb" "${system_idl}/oaidl.idl" VERBATIM)
+  COMMAND ${widl} -L "${work}" -h -o "${output}/Vestrel.h" Vestrel.idl
+  WORKING_DIRECTORY "${work}/header"
+  DEPENDS "${work}/header/Vestrel.idl" "${work}/stdole2.tlb" "${system_idl}/oaidl.idl" VERBATIM)
 
 enable_language(RC)
 configure_file(com/Vestrel.rc.in "${work}/Vestrel.rc" @ONLY)

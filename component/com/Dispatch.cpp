@@ -1,8 +1,11 @@
 #include "component/com/Dispatch.h"
 
+#include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 
+#include "component/com/AutoVariant.h"
 #include "component/com/Failure.h"
 #include "component/com/TypeInformation.h"
 #include "component/com/Values.h"
@@ -81,7 +84,8 @@ class LateCall final : public Call {
   std::u16string_view ReadText(int index) override {
     const VARIANT& value = Referred(At(index));
     if (V_VT(&value) == VT_BSTR) return ViewOf(V_BSTR(&value));
-    auto& text = texts_[static_cast<std::size_t>(index)].emplace();
+    if (!texts_) texts_ = std::make_unique<Texts>();
+    AutoVariant& text = (*texts_)[static_cast<std::size_t>(index)];
     Convert(index, VT_BSTR, text);
     return ViewOf(V_BSTR(&text));
   }
@@ -89,7 +93,11 @@ class LateCall final : public Call {
     return Read(index, [](const VARIANT& value) { return ToDynamic(value); });
   }
   Ref<Object> ReadObject(int index) override {
-    return Read(index, [](const VARIANT& value) { return ToObject(value); });
+    const Parameter& parameter = operation_.parameters[static_cast<std::size_t>(index)];
+    return Read(index, [&](const VARIANT& value) {
+      return parameter.direction == Direction::In ? ToObject(value)
+                                                  : ToObjectOrHeld(value, parameter.type.name);
+    });
   }
   TUIFaderValues ReadFaderValues(int index) override {
     return Read(index, [](const VARIANT& value) { return ToFaderValues(value); });
@@ -127,6 +135,9 @@ class LateCall final : public Call {
   }
 
  private:
+  // Of arguments that had to be converted. Few calls have any, so no other pays for their places.
+  using Texts = std::array<AutoVariant, Operation::kMaxParameters>;
+
   void Place(int index, VARIANT& argument, HRESULT whenWrong) {
     if (index < 0 || index >= operation_.parameterCount) throw ComFailure{whenWrong};
     VARIANT*& place = arguments_[static_cast<std::size_t>(index)];
@@ -162,7 +173,7 @@ class LateCall final : public Call {
   template <class Fill>
   void StoreAs(int index, VARTYPE type, Fill fill) {
     Store(index, [&](VARIANT& value) {
-      VariantClear(&value);
+      Clear(value);
       V_VT(&value) = type;
       fill(value);
     });
@@ -174,13 +185,33 @@ class LateCall final : public Call {
   const Operation& operation_;
   VARIANT* result_;
   std::array<VARIANT*, Operation::kMaxParameters> arguments_{};
-  std::array<std::optional<AutoVariant>, Operation::kMaxParameters> texts_;
+  std::unique_ptr<Texts> texts_;
 };
 
 Kind KindOf(WORD flags) noexcept {
   if ((flags & DISPATCH_METHOD) != 0) return Kind::Method;
   if ((flags & DISPATCH_PROPERTYGET) != 0) return Kind::Get;
   return (flags & DISPATCH_PROPERTYPUTREF) != 0 ? Kind::PutRef : Kind::Put;
+}
+
+// Whether a reference ends at a value. Variables that refer to each other in a circle have none.
+bool LeadsToAValue(const VARIANT& argument) noexcept {
+  constexpr int kDeepest = 16;
+  const VARIANT* value = &argument;
+  for (int depth = 0; depth < kDeepest; ++depth) {
+    if ((V_VT(value) & VT_BYREF) == 0) return true;
+    if (V_BYREF(value) == nullptr) return false;
+    if (V_VT(value) != (VT_BYREF | VT_VARIANT)) return true;
+    value = V_VARIANTREF(value);
+  }
+  return false;
+}
+
+bool AreWellFormed(const DISPPARAMS& parameters) noexcept {
+  if (parameters.cNamedArgs > parameters.cArgs) return false;
+  if (parameters.cNamedArgs != 0 && parameters.rgdispidNamedArgs == nullptr) return false;
+  if (parameters.cArgs != 0 && parameters.rgvarg == nullptr) return false;
+  return std::all_of(parameters.rgvarg, parameters.rgvarg + parameters.cArgs, LeadsToAValue);
 }
 
 void Invoke(const Face& face, int slot, LateCall& call) {
@@ -230,11 +261,11 @@ HRESULT STDMETHODCALLTYPE FaceInvoke(void* facePointer, DISPID id, REFIID reserv
   const Face& face = FaceOf(facePointer);
   if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (parameters == nullptr) return E_POINTER;
-  if (parameters->cNamedArgs > parameters->cArgs) return E_INVALIDARG;
+  if (!AreWellFormed(*parameters)) return E_INVALIDARG;
   const ClassDescription& description = *face.faceClass->info->description;
   const int slot = description.FindSlot(id, KindOf(flags));
   if (slot < 0) return DISP_E_MEMBERNOTFOUND;
-  if (result != nullptr) VariantInit(result);
+  if (result != nullptr) MakeEmpty(*result);
   std::optional<LateCall> call;
   int argument = -1;
   try {
@@ -243,6 +274,7 @@ HRESULT STDMETHODCALLTYPE FaceInvoke(void* facePointer, DISPID id, REFIID reserv
     return S_OK;
   } catch (...) {
     const HRESULT code = ReportLateBound(information, &argument);
+    if (result != nullptr) VariantClear(result);
     if (!call || argument < 0) return code;
     if (code == DISP_E_PARAMNOTOPTIONAL && call->Absent(argument)) return DISP_E_BADPARAMCOUNT;
     if (argumentError != nullptr) *argumentError = call->PositionOf(*parameters, argument);

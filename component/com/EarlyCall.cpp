@@ -109,6 +109,21 @@ void EarlyCall::StoreArray(int index, const std::vector<Variant>& value) {
   }
 }
 
+void EarlyCall::EmptyResult() const {
+  switch (operation_.result.type) {
+    case ValueType::Text:
+    case ValueType::Object:
+    case ValueType::Array:
+      At<void*>(kResult) = nullptr;
+      break;
+    case ValueType::Dynamic:
+      VariantInit(&At<VARIANT>(kResult));
+      break;
+    default:
+      break;
+  }
+}
+
 HRESULT CallThroughTable(const Face& face, int slot, void* const* arguments, void* result) noexcept {
   const ClassInfo& info = *face.faceClass->info;
   const Operation& operation = info.description->slots()[static_cast<std::size_t>(slot)].operation;
@@ -117,6 +132,7 @@ HRESULT CallThroughTable(const Face& face, int slot, void* const* arguments, voi
     // A callback may let go of the wrapper.
     const Ref<Object> keep(&face.owner->core());
     EarlyCall call(operation, arguments, result);
+    call.EmptyResult();
     InvokeSlot(info, slot, face.self, call);
   });
 }

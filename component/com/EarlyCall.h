@@ -16,6 +16,9 @@ class EarlyCall final : public Call {
   EarlyCall(const Operation& operation, void* const* arguments, void* result) noexcept
       : operation_(operation), arguments_(arguments), result_(result) {}
 
+  // What the caller finds when the call fails.
+  void EmptyResult() const;
+
   bool Given(int index) const override;
 
   bool ReadBoolean(int index) override;

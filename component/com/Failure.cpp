@@ -138,6 +138,10 @@ HRESULT ReportEarlyBound() noexcept {
   });
 }
 
+void RaiseHostFailure(HRESULT code) {
+  Raise(code, {}, {});
+}
+
 void RaiseHostFailure(HRESULT code, IUnknown* callee, const IID& id) {
   std::u16string source;
   std::u16string description;

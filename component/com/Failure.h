@@ -40,8 +40,9 @@ HRESULT Guarded(Action&& action) noexcept {
   }
 }
 
-// Raises the error that a host's failing callback stands for. `callee` and `id` say whose error information
-// to look for.
+// Raises the error that a host's failing callback stands for, or its answer that does not convert. `callee`
+// and `id` say whose error information to look for.
+[[noreturn]] void RaiseHostFailure(HRESULT code);
 [[noreturn]] void RaiseHostFailure(HRESULT code, IUnknown* callee, const IID& id);
 // The same for a late-bound callback; takes the texts in `information` over.
 [[noreturn]] void RaiseHostFailure(HRESULT code, EXCEPINFO& information);

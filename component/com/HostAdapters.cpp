@@ -1,6 +1,7 @@
 // One line an operation: its slot is found by the member it overrides in the table of the interface.
 #include "component/com/HostAdapters.h"
 
+#include "component/com/Failure.h"
 #include "component/com/HostLink.h"
 #include "component/com/Wrapper.h"
 #include "component/tables/IAssignmentCallbackTable.h"
@@ -46,10 +47,14 @@ class Adapter : public I {
   template <auto Pointer, class... A>
   auto Call(A&... arguments) {
     using Result = typename Signature<decltype(Pointer)>::Result;
-    OutgoingCall call(link_, PositionIn<Pointer>(TableOf<I>::kTable.entries));
-    (AddTo(call, arguments), ...);
-    call.Run();
-    return call.Result<Result>();
+    try {
+      OutgoingCall call(link_, PositionIn<Pointer>(TableOf<I>::kTable.entries));
+      (AddTo(call, arguments), ...);
+      call.Run();
+      return call.Result<Result>();
+    } catch (const ComFailure& failure) {
+      RaiseHostFailure(failure.code);  // the library's own traps know errors alone
+    }
   }
 
  private:

@@ -168,6 +168,7 @@ void OutgoingCall::RunThroughTable() {
   }
   if (operation().result.type != ValueType::None) {
     V_VT(&result_) = TypeOfResult(operation().result.type);
+    V_I8(&result_) = 0;  // a callee may succeed without writing
     pointers[count++] = &V_I4(&result_);
   }
   const auto slot = kDispatchSlots + static_cast<std::size_t>(slot_);
@@ -180,10 +181,7 @@ void OutgoingCall::RunThroughTable() {
 
 void OutgoingCall::RunByName() {
   const DISPID id = link_.IdOf(slot_);
-  if (id == DISPID_UNKNOWN) {
-    EXCEPINFO none{};
-    RaiseHostFailure(DISP_E_UNKNOWNNAME, none);
-  }
+  if (id == DISPID_UNKNOWN) RaiseHostFailure(DISP_E_UNKNOWNNAME);
   std::array<VARIANT, Operation::kMaxParameters> reversed;  // borrowed from the arguments
   for (std::size_t i = 0; i < count_; ++i) reversed[count_ - 1 - i] = arguments_[i];
   const bool hasResult = operation().result.type != ValueType::None;

@@ -77,7 +77,11 @@ class HostObject final : public Object, public HasValue {
     V_VT(&value) = VT_DISPATCH;
     V_DISPATCH(&value) = ComPtr<IDispatch>(reference_.dispatch).Detach();
     AutoVariant text;
-    Convert(value, VT_BSTR, text);
+    try {
+      Convert(value, VT_BSTR, text);
+    } catch (const ComFailure& failure) {
+      RaiseHostFailure(failure.code);
+    }
     return ViewOf(V_BSTR(&text));
   }
 

@@ -102,7 +102,8 @@ bool Exists(HKEY root, const std::u16string& key) {
   return true;
 }
 
-// The type library and the interfaces serve builds of both bitnesses.
+// The type library and the names of the classes serve builds of both bitnesses. Of classes and interfaces
+// each bitness has keys of its own: the system keeps them apart.
 bool OtherPlatformRemains(HKEY root) {
   const std::u16string_view other = sizeof(void*) == 8 ? u"win32" : u"win64";
   return Exists(root, LibraryKey() + u"\\" + VersionText() + u"\\0\\" + std::u16string(other));
@@ -122,7 +123,7 @@ LONG RemoveAll(HKEY root, const std::vector<RegistryValue>& values) {
   std::u16string last;
   for (const RegistryValue& value : values) {
     const std::u16string key = OwnKey(value.key);
-    const bool shared = key.starts_with(u"Interface\\") || key.starts_with(u"TypeLib\\");
+    const bool shared = !key.starts_with(u"CLSID\\") && !key.starts_with(u"Interface\\");
     if (key == last || (shared && keepShared)) continue;
     last = key;
     if (const LONG code = RemoveTree(root, key); code != ERROR_SUCCESS) result = code;

@@ -223,6 +223,19 @@ Ref<Object> ToObject(const VARIANT& value) {
   }
 }
 
+Ref<Object> ToObjectOrHeld(const VARIANT& value, std::string_view className) {
+  Ref<Object> object = ToObject(value);
+  const auto* host = TryCast<HostReference>(object.get());
+  if (host == nullptr || className.empty()) return object;
+  if (object->Query(FindFaceClass(className)->info->key) != nullptr) return object;
+  const HostCaller holder(host->identity.get());
+  const DISPID id = holder.Find(kValueProperty);
+  if (id == DISPID_UNKNOWN) return object;
+  AutoVariant held;
+  holder.Invoke(id, DISPATCH_PROPERTYGET, nullptr, 0, &held);
+  return ToObject(held);
+}
+
 Variant ToDynamic(const VARIANT& value) {
   AutoVariant copy;
   const VARIANT* source = &Referred(value);
@@ -280,7 +293,7 @@ TUIFaderValues ToFaderValues(const VARIANT& value) {
 void Assign(VARIANT& target, const Variant& value) {
   if (value.kind() == Variant::Kind::String) return AssignText(target, value.AsString());
   if (value.kind() == Variant::Kind::Object) return AssignObject(target, value.AsObject().get());
-  VariantClear(&target);
+  Clear(target);
   switch (value.kind()) {
     case Variant::Kind::Boolean:
       V_VT(&target) = VT_BOOL;
@@ -301,21 +314,21 @@ void Assign(VARIANT& target, const Variant& value) {
 
 void AssignText(VARIANT& target, std::u16string_view value) {
   BSTR text = NewText(value);
-  VariantClear(&target);
+  Clear(target);
   V_VT(&target) = VT_BSTR;
   V_BSTR(&target) = text;
 }
 
 void AssignObject(VARIANT& target, Object* value) {
   IDispatch* dispatch = DispatchFor(value);
-  VariantClear(&target);
+  Clear(target);
   V_VT(&target) = VT_DISPATCH;
   V_DISPATCH(&target) = dispatch;
 }
 
 void AssignArray(VARIANT& target, const std::vector<Variant>& value) {
   SAFEARRAY* array = NewArray(value);
-  VariantClear(&target);
+  Clear(target);
   V_VT(&target) = VT_ARRAY | VT_VARIANT;
   V_ARRAY(&target) = array;
 }

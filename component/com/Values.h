@@ -22,6 +22,9 @@ bool IsOmitted(const VARIANT& value) noexcept;
 // where a plain value is wanted stands for its property "value" or its default property.
 void Convert(const VARIANT& value, VARTYPE type, AutoVariant& result);
 Ref<Object> ToObject(const VARIANT& value);
+// The same for an argument that is written back: a script's object that is none of the class stands for what
+// its property "value" holds.
+Ref<Object> ToObjectOrHeld(const VARIANT& value, std::string_view className);
 Variant ToDynamic(const VARIANT& value);
 std::vector<Variant> ToArray(const VARIANT& value);
 TUIFaderValues ToFaderValues(const VARIANT& value);

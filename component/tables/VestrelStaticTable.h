@@ -57,7 +57,25 @@ struct TableOf<VestrelStatic> {
       Method<&T::ListFromSplitString>("ListFromSplitString",
                                       "A new list of boxed texts, one for each piece between the delimiters.",
                                       "source", "delim"),
-      Get<&T::Version>("Version", "The library's version, major.minor.patch."));
+      Get<&T::Version>("Version", "The library's version, major.minor.patch."),
+      Method<&T::OpenTextFileForOutput>(
+          "OpenTextFileForOutput",
+          "Opens a new text file of delimited fields and answers its number, which SaveToFile, WriteToFile "
+          "and "
+          "CloseTextFile take. It takes the old file's place when it is closed.",
+          "filename"),
+      Method<&T::OpenTextFileForInput>("OpenTextFileForInput",
+                                       "Opens a text file of delimited fields and answers its number, which "
+                                       "LoadFromFile, ReadFromFile and "
+                                       "CloseTextFile take.",
+                                       "filename"),
+      Method<&T::OpenTextFileForAppend>(
+          "OpenTextFileForAppend", "As OpenTextFileForOutput, but writing goes on at the end of the file.",
+          "filename"),
+      Method<&T::CloseTextFile>(
+          "CloseTextFile",
+          "Completes the file open under the number. A number that nothing is open under is no failure.",
+          "number"));
 };
 
 }  // namespace vestrel::component

@@ -107,7 +107,10 @@ struct TableOf<clsButtonGroupController> {
                                  "Switches editing on or off: while on, a click opens the editing pop-up.",
                                  "enabled"),
       Method<&T::setModeMove>("setModeMove", "The next click moves the edited button there."),
-      Method<&T::CancelEditMode>("CancelEditMode", "Ends every edit mode."),
+      Method<&T::CancelEditMode>(
+          "CancelEditMode",
+          "Asks the form to leave its edit state (DisableEditMode); the mode ends when "
+          "the form answers with setModeEditing(false)."),
       Method<&T::setModeCopy>("setModeCopy", "The next click copies the edited button there."),
       Method<&T::setModeAdjFadeInOut>("setModeAdjFadeInOut",
                                       "Starts adjusting fade times; answers the edited button."),

@@ -17,7 +17,7 @@ struct TableOf<clsButtonGroup> {
       Field<&T::pageOffset>("pageOffset", "0-based number of the run of buttons that is visible."),
       Field<&T::buttons>("buttons", "The buttons, in ascending order of their index."),
       Field<&T::nowPlayingList>("nowPlayingList",
-                                "The buttons that are on, in the order in which they came on."),
+                                "The buttons that are on, in ascending order of their index."),
       Get<&T::Fader>("Fader", "The group fader."), Get<&T::groupIndex>("groupIndex", "0 to 9."),
       Method<&T::Init>("Init",
                        "New empty lists and fader; the controller hears of every button that comes or goes.",

@@ -17,7 +17,8 @@ struct TableOf<clsPage> {
       Get<&T::ButtonGroups>("ButtonGroups", "Group 0 to 9. Error 9 for another one.", "which"),
       Method<&T::Init>(
           "Init",
-          "Binds the page's file and makes ten empty groups. With persist false nothing is read or written.",
+          "Binds the page's file and makes ten empty groups. With persist false saveToINI and loadFromINI do "
+          "nothing.",
           "appPath", "controller", "showName", "pageName", Optional("persist", true)),
       Method<&T::saveSingleButton>("saveSingleButton", "Writes one button and the index list of its group.",
                                    "button"),
@@ -32,8 +33,11 @@ struct TableOf<clsPage> {
           "GotFocus",
           "Resumes the pick-up of the faders from the host's positions and reports every stored value."),
       Method<&T::LostFocus>("LostFocus", "Pauses the pick-up of the faders."),
-      Method<&T::Rename>("Rename", "Renames the page and binds the new page's file; moves nothing.",
-                         "newName"),
+      Method<&T::Rename>(
+          "Rename",
+          "Makes the new page's folder, renames the page and binds its file there; moves nothing. Errors 52, "
+          "57, 61, 75 and 76 when the folder cannot be made.",
+          "newName"),
       Method<&T::TestWritable>("TestWritable",
                                "Whether the page file can be written; leaves a test key in it."),
       Implements<IComparable>());

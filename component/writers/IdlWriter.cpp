@@ -16,10 +16,28 @@ namespace vestrel::component {
 namespace {
 
 // Words of the description language or of C++ that an argument must not be named.
-std::string Identifier(std::string_view name) {
+bool IsReserved(std::string_view name) {
   static constexpr std::array<std::string_view, 3> kReserved{"default", "string", "delete"};
-  const bool reserved = std::find(kReserved.begin(), kReserved.end(), name) != kReserved.end();
-  return std::string(name) + (reserved ? "_" : "");
+  return std::find(kReserved.begin(), kReserved.end(), name) != kReserved.end();
+}
+
+std::string Identifier(std::string_view name) {
+  return std::string(name) + (IsReserved(name) ? "_" : "");
+}
+
+// Calls `act` with every parameter of every operation.
+template <class Act>
+void ForEachParameter(Act act) {
+  for (const ClassDescription& description : AllDescriptions()) {
+    for (const Slot& slot : description.slots()) {
+      for (std::size_t i = 0; i < slot.operation.parameterCount; ++i) act(slot.operation.parameters[i]);
+    }
+  }
+}
+
+template <class T>
+void AddOnce(std::vector<T>& list, T item) {
+  if (std::find(list.begin(), list.end(), item) == list.end()) list.push_back(item);
 }
 
 std::string TypeName(const TypeDescription& type) {
@@ -59,6 +77,14 @@ std::string Quoted(std::string_view text) {
     result += c;
   }
   return result + "\"";
+}
+
+// An argument may have the name that results go by.
+std::string_view ResultName(const Operation& operation) {
+  const auto* end = operation.parameters.begin() + operation.parameterCount;
+  const bool taken = std::any_of(operation.parameters.begin(), end,
+                                 [](const Parameter& parameter) { return parameter.name == "result"; });
+  return taken ? "returned" : "result";
 }
 
 bool IsTextDefault(const Parameter& parameter) {
@@ -137,7 +163,8 @@ class IdlWriter {
       WriteParameter(operation, i);
     }
     if (operation.result.type != ValueType::None) {
-      out_ << (first ? "" : ",\n        ") << "[out, retval] " << TypeName(operation.result) << "* result";
+      out_ << (first ? "" : ",\n        ") << "[out, retval] " << TypeName(operation.result) << "* "
+           << ResultName(operation);
     }
     out_ << ");\n";
   }
@@ -147,7 +174,7 @@ class IdlWriter {
     const bool put = operation.kind == Kind::Put || operation.kind == Kind::PutRef;
     const bool byValue = operation.argumentsByValue || (put && index + 1U == operation.parameterCount);
     out_ << (byValue ? "[in" : "[in, out");
-    if (parameter.optional()) out_ << ", optional" << DefaultOf(parameter);
+    if (parameter.optional() && dialect_ != IdlDialect::Header) out_ << ", optional" << DefaultOf(parameter);
     out_ << "] " << TypeName(parameter.type) << (byValue ? " " : "* ") << Identifier(parameter.name);
   }
 
@@ -193,16 +220,17 @@ class IdlWriter {
 
 std::vector<std::u16string_view> DefaultTexts() {
   std::vector<std::u16string_view> result;
-  for (const ClassDescription& description : AllDescriptions()) {
-    for (const Slot& slot : description.slots()) {
-      for (std::size_t i = 0; i < slot.operation.parameterCount; ++i) {
-        const Parameter& parameter = slot.operation.parameters[i];
-        if (!IsTextDefault(parameter)) continue;
-        const std::u16string_view text = parameter.defaultValue.text;
-        if (std::find(result.begin(), result.end(), text) == result.end()) result.push_back(text);
-      }
-    }
-  }
+  ForEachParameter([&](const Parameter& parameter) {
+    if (IsTextDefault(parameter)) AddOnce(result, parameter.defaultValue.text);
+  });
+  return result;
+}
+
+std::vector<std::string_view> ReservedNames() {
+  std::vector<std::string_view> result;
+  ForEachParameter([&](const Parameter& parameter) {
+    if (IsReserved(parameter.name)) AddOnce(result, parameter.name);
+  });
   return result;
 }
 

@@ -1,9 +1,13 @@
 // A type library file begins with a header, then the offsets of its type descriptions, then a directory of
 // segments. Of interest are the description segment at the front, where each argument with a default has one
 // 32-bit word - the value itself, with the type in bits 26 to 30 and bit 31 set, or an offset into the custom
-// data segment - and the custom data segment, where values stand as a 16-bit type and their bytes.
+// data segment - and the custom data segment, where values stand as a 16-bit type and their bytes. A name is
+// three words - its type, the offset of the next name with the same hash bits, and its length and hash - and
+// its letters, filled up to whole words; 128 words in a segment of their own say where the names of each hash
+// begin.
 #include "component/writers/TypeLibraryFinisher.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <stdexcept>
@@ -19,7 +23,13 @@ constexpr std::size_t kTypeCountOffset = 0x20;
 constexpr std::size_t kFlagsOffset = 0x14;
 constexpr std::uint32_t kHasHelpLibrary = 0x100;
 constexpr std::size_t kHeaderSize = 0x54;
+constexpr std::size_t kNameHashSegment = 6;
+constexpr std::size_t kNameSegment = 7;
 constexpr std::size_t kCustomDataSegment = 11;
+constexpr std::size_t kNameCharactersOffset = 0x34;
+constexpr std::size_t kNameHead = 12;
+constexpr std::uint32_t kNoName = 0xFFFFFFFFU;
+constexpr char kFill = 'W';
 constexpr std::size_t kDirectoryEntrySize = 16;
 constexpr std::size_t kSegments = 15;
 constexpr std::uint32_t kTextType = 8;
@@ -42,6 +52,18 @@ struct Segment {
   std::size_t length;
 };
 
+// The system's hash of a name, for the letters that names of the language are made of.
+std::uint32_t HashOfName(std::string_view name) {
+  std::uint32_t hash = 0x0DEADBEE;
+  for (const char c : name)
+    hash = hash * 37U + static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+  return hash % 65599U & 0xFFFFU;
+}
+
+std::size_t WholeWords(std::size_t length) {
+  return (length + 3) / 4 * 4;
+}
+
 class Finisher {
  public:
   explicit Finisher(std::string& file) : file_(file) {
@@ -55,6 +77,7 @@ class Finisher {
   void Finish() {
     PutTextDefaults();
     PutDynamicDefaults();
+    for (const std::string_view name : ReservedNames()) TakeUnderscoreOff(name);
     DropTimeStamp();
   }
 
@@ -109,6 +132,45 @@ class Finisher {
       const bool padded = file_.compare(at + 6, 2, "WW") == 0;
       if (type == kDynamicType && padded) std::memcpy(file_.data() + at, &kLongType, sizeof kLongType);
     }
+  }
+
+  std::uint32_t FindName(std::string_view name) const {
+    const Segment names = SegmentAt(kNameSegment);
+    for (std::size_t at = 0; at + kNameHead <= names.length;) {
+      const std::size_t length = WordAt(file_, names.offset + at + 8) & 0xFFU;
+      if (file_.compare(names.offset + at + kNameHead, length, name) == 0)
+        return static_cast<std::uint32_t>(at);
+      at += kNameHead + WholeWords(length);
+    }
+    throw std::runtime_error("type library: no name \"" + std::string(name) + "\"");
+  }
+
+  // The place of the word that leads to the name at `offset`.
+  std::size_t LinkTo(std::uint32_t offset, std::uint32_t hash) const {
+    std::size_t link = SegmentAt(kNameHashSegment).offset + 4 * std::size_t{hash & 0x7FU};
+    while (WordAt(file_, link) != offset) {
+      if (WordAt(file_, link) == kNoName) throw std::runtime_error("type library: bad table of names");
+      link = SegmentAt(kNameSegment).offset + WordAt(file_, link) + 4;
+    }
+    return link;
+  }
+
+  void TakeUnderscoreOff(std::string_view name) {
+    const std::string written = std::string(name) + "_";
+    const std::uint32_t position = FindName(written);
+    const std::size_t at = SegmentAt(kNameSegment).offset + position;
+    const std::uint32_t word = WordAt(file_, at + 8);
+    if (word >> 16U != HashOfName(written) || WholeWords(name.size()) != WholeWords(written.size())) {
+      throw std::runtime_error("type library: the name \"" + written + "\" cannot be changed");
+    }
+    const std::uint32_t hash = HashOfName(name);
+    SetWord(file_, LinkTo(position, word >> 16U), WordAt(file_, at + 4));
+    const std::size_t first = SegmentAt(kNameHashSegment).offset + 4 * std::size_t{hash & 0x7FU};
+    SetWord(file_, at + 4, WordAt(file_, first));
+    SetWord(file_, first, position);
+    SetWord(file_, at + 8, hash << 16U | (word & 0xFF00U) | static_cast<std::uint32_t>(name.size()));
+    file_[at + kNameHead + name.size()] = kFill;
+    SetWord(file_, kNameCharactersOffset, WordAt(file_, kNameCharactersOffset) - 1);
   }
 
   void DropTimeStamp() {

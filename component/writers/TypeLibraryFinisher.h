@@ -1,6 +1,7 @@
 // Puts the finishing touches to a type library that widl compiled from the widl dialect of the interface
 // description: real text defaults in the place of their markers, the right type for defaults of dynamic
-// values, and no time stamp, so that the same sources give the same file.
+// values, the arguments' names without what was put behind some of them, and no time stamp, so that the same
+// sources give the same file.
 #pragma once
 
 #include <string>
@@ -8,7 +9,7 @@
 namespace vestrel::component {
 
 // `library` is the file's content. Throws std::runtime_error when it is no type library of the expected form
-// or a default's text is missing.
+// or a default's text or an argument's name is missing.
 void FinishTypeLibrary(std::string& library);
 
 }  // namespace vestrel::component

@@ -1,12 +1,12 @@
 // The build tool that prints what is derived from the tables:
-//   vestrel_tables idl | widl | slots             to standard output
+//   vestrel_tables idl | widl | header | slots    to standard output
 //   vestrel_tables manifest ARCHITECTURE VERSION  to standard output
 //   vestrel_tables reference FOLDER               one file a page
 //   vestrel_tables finish-typelib FILE            in place
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -29,7 +29,9 @@ void Save(const std::string& path, const std::string& text) {
 void FinishFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path);
-  std::string library{std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream content;
+  content << file.rdbuf();
+  std::string library = content.str();
   FinishTypeLibrary(library);
   Save(path, library);
 }
@@ -40,6 +42,8 @@ bool Run(int count, const char* const* arguments) {
     WriteIdl(std::cout, IdlDialect::Published);
   } else if (what == "widl" && count == 2) {
     WriteIdl(std::cout, IdlDialect::Widl);
+  } else if (what == "header" && count == 2) {
+    WriteIdl(std::cout, IdlDialect::Header);
   } else if (what == "slots" && count == 2) {
     WriteSlots(std::cout);
   } else if (what == "manifest" && count == 4) {
@@ -63,9 +67,9 @@ bool Run(int count, const char* const* arguments) {
 int main(int count, char** arguments) {
   try {
     if (vestrel::component::Run(count, arguments)) return 0;
-    std::cerr
-        << "usage: vestrel_tables idl | widl | slots | manifest ARCHITECTURE VERSION | reference FOLDER |"
-           " finish-typelib FILE\n";
+    std::cerr << "usage: vestrel_tables idl | widl | header | slots | manifest ARCHITECTURE VERSION | "
+                 "reference FOLDER |"
+                 " finish-typelib FILE\n";
   } catch (const std::exception& error) {
     std::cerr << "vestrel_tables: " << error.what() << "\n";
   }

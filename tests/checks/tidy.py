@@ -17,6 +17,8 @@ from concurrent.futures import ThreadPoolExecutor
 import check_includes
 
 TIDY = "clang-tidy-14"
+# GCC's default, which the sources are built with.
+LIKE_GCC = "--extra-arg=-fsized-deallocation"
 
 
 def output_of(*command):
@@ -59,7 +61,7 @@ def settings_for(path):
 
 
 def fingerprint(path, command, version):
-    digest = hashlib.sha256((version + command).encode())
+    digest = hashlib.sha256((version + LIKE_GCC + command).encode())
     for file in sorted(closure(path)) + settings_for(path):
         with open(file, "rb") as content:
             digest.update(file.encode() + b"\0" + content.read())
@@ -70,7 +72,7 @@ def tidy(build, path, stamp):
     """Whether the file is clean; a clean one leaves its stamp."""
     if os.path.exists(stamp):
         return True
-    run = subprocess.run([TIDY, "-p", build, "--quiet", path], capture_output=True, text=True, check=False)
+    run = subprocess.run([TIDY, "-p", build, "--quiet", LIKE_GCC, path], capture_output=True, text=True, check=False)
     if run.returncode:
         sys.stderr.write(run.stdout + (run.stderr if not run.stdout else ""))
         return False

@@ -89,6 +89,9 @@ TEST_F(ByNameTest, AnOutArgumentTakesAnyValueAndIsLeftAloneWhenNothingIsWritten)
   Variant object = 17;
   EXPECT_FALSE(CallByName(iterator.AsObject().get(), u"hasNextWithIndex", {ByRef(object)}).AsBoolean());
   EXPECT_EQ(object.AsLong(), 1);
+  Variant kept = u"no number";
+  EXPECT_FALSE(CallByName(iterator.AsObject().get(), u"hasNextLong", {ByRef(kept)}).AsBoolean());
+  EXPECT_EQ(kept.AsString(), u"no number");
 }
 
 TEST_F(ByNameTest, AnOptionalTextByReferenceReceivesTheNameTaken) {

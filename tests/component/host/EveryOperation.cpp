@@ -313,6 +313,28 @@ void Storage() {
   CHECK(!FileExists(folder + L"Sequences\\show\\page\\button.MUL"));
 }
 
+// Files under numbers, for the operations that take one.
+void TextFiles() {
+  const Value helper = Create(L"VestrelStatic");
+  const std::wstring path = folder + L"records.txt";
+  const Value sequence = Create(L"clsSequence");
+  Put(sequence, L"theName", L"Lightning");
+  Value number = Call(helper, L"OpenTextFileForOutput", {path.c_str()});
+  Call(sequence, L"SaveToFile", {number});
+  Call(helper, L"CloseTextFile", {number});
+  number = Call(helper, L"OpenTextFileForAppend", {path.c_str()});
+  Put(sequence, L"theName", L"Thunder");
+  Call(sequence, L"SaveToFile", {number});
+  Call(helper, L"CloseTextFile", {number});
+  number = Call(helper, L"OpenTextFileForInput", {path.c_str()});
+  for (const wchar_t* name : {L"Lightning", L"Thunder"}) {
+    Call(sequence, L"LoadFromFile", {number, 1, 1});
+    CHECK_EQ(Get(sequence, L"theName").text(), name);
+  }
+  CHECK_EQ(Try(sequence, L"LoadFromFile", {number, 1, 1}).error, 62);
+  Call(helper, L"CloseTextFile", {number});
+}
+
 void Buttons() {
   const Value button = Create(L"clsButton");
   Call(button, L"Init", {Create(L"IButtonEventHandler"), None()});
@@ -745,6 +767,7 @@ void RunAll() {
   Comparison();
   Dictionaries();
   Storage();
+  TextFiles();
   Buttons();
   Pages();
   PageManagers();
@@ -752,6 +775,12 @@ void RunAll() {
   Interfaces();
   Lamps();
   Recording();
+}
+
+// "get IterIndex" in "  2 get IterIndex(): long".
+std::string MemberIn(const std::string& line) {
+  const std::size_t start = line.find(' ', 2) + 1;
+  return line.substr(start, line.find('(') - start);
 }
 
 // Compares what was called with the list of all slots.
@@ -768,7 +797,7 @@ void CheckNothingForgotten(const char* slotsFile) {
       continue;
     }
     ++slots;
-    const std::string member = className + "." + line.substr(2);
+    const std::string member = className + "." + MemberIn(line);
     const auto& called = CalledMembers();
     Checked(std::find(called.begin(), called.end(), member) != called.end(), "was called:", member.c_str(), 0,
             door->name());
