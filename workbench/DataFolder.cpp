@@ -29,13 +29,27 @@ fs::path NewTemporaryFolder() {
   throw BadUsage("no temporary data folder could be made; choose one with --data");
 }
 
-void CopyShow(const fs::path& show, const fs::path& sequences) {
+enum class Existing : char { Refused, Kept };
+
+void CopyShow(const fs::path& show, const fs::path& sequences, Existing existing) {
   const fs::path target = sequences / show.filename();
   if (fs::exists(target)) {
+    if (existing == Existing::Kept) return;
     throw BadUsage("the data folder has a show \"" + show.filename().string() +
                    "\" already, which is not overwritten; choose another folder");
   }
   fs::copy(show, target, fs::copy_options::recursive);
+}
+
+void CopyAll(const fs::path& shows, const fs::path& dataFolder, Existing existing) {
+  try {
+    fs::create_directories(dataFolder / "Sequences");
+    for (const fs::directory_entry& show : fs::directory_iterator(shows)) {
+      if (show.is_directory()) CopyShow(show.path(), dataFolder / "Sequences", existing);
+    }
+  } catch (const fs::filesystem_error& error) {
+    throw BadUsage("the sample show cannot be copied: " + error.code().message() + ": " + shows.string());
+  }
 }
 
 }  // namespace
@@ -51,14 +65,11 @@ fs::path OpenDataFolder(const std::string& wanted) {
 }
 
 void CopyShows(const fs::path& shows, const fs::path& dataFolder) {
-  try {
-    fs::create_directories(dataFolder / "Sequences");
-    for (const fs::directory_entry& show : fs::directory_iterator(shows)) {
-      if (show.is_directory()) CopyShow(show.path(), dataFolder / "Sequences");
-    }
-  } catch (const fs::filesystem_error& error) {
-    throw BadUsage("the sample show cannot be copied: " + error.code().message() + ": " + shows.string());
-  }
+  CopyAll(shows, dataFolder, Existing::Refused);
+}
+
+void AddMissingShows(const fs::path& shows, const fs::path& dataFolder) {
+  CopyAll(shows, dataFolder, Existing::Kept);
 }
 
 }  // namespace vestrel::workbench

@@ -10,6 +10,9 @@ namespace vestrel::workbench {
 // path. Raises BadUsage when that is not possible.
 std::filesystem::path OpenDataFolder(const std::string& wanted);
 
+// Copies the shows that the data folder does not have. Raises BadUsage when there are none.
+void AddMissingShows(const std::filesystem::path& shows, const std::filesystem::path& dataFolder);
+
 // Copies every show of `shows` into the data folder. Raises BadUsage when there are none or a show of that
 // name is there already: what an operator has there is never overwritten.
 void CopyShows(const std::filesystem::path& shows, const std::filesystem::path& dataFolder);

@@ -17,7 +17,7 @@ std::size_t PlayHeadless(const std::filesystem::path& dataFolder, std::istream& 
   SimulatedHost host(dataFolder);
   Printer printer(out, ToUtf8(host.appPath()));
   host.calls().SetListener(&printer);
-  CommandSession session(host, watch);
+  CommandSession session(host, &watch);
   Player player(session, printer, style == RunStyle::Story);
   player.Play(commands);
   if (style == RunStyle::Story) {

@@ -8,6 +8,10 @@
 #include "workbench/DataFolder.h"
 #include "workbench/HeadlessRun.h"
 #include "workbench/Options.h"
+#ifdef VESTREL_WEB
+#include "workbench/server/ReplayRun.h"
+#include "workbench/server/WebRun.h"
+#endif
 
 namespace vestrel::workbench {
 
@@ -29,14 +33,45 @@ std::ifstream OpenCommands(const std::filesystem::path& file) {
 }
 
 std::size_t Play(const std::filesystem::path& dataFolder, const Options& options) {
-  if (options.task == Task::PlayEvening) {
-    std::ifstream evening = OpenCommands(Examples(options) / "evening.txt");
-    return PlayHeadless(dataFolder, evening, std::cout, RunStyle::Story);
-  }
-  if (options.commands == "-") return PlayHeadless(dataFolder, std::cin, std::cout, RunStyle::Commands);
+  const RunStyle style = options.tellsStory ? RunStyle::Story : RunStyle::Commands;
+  if (options.commands == "-") return PlayHeadless(dataFolder, std::cin, std::cout, style);
   std::ifstream commands = OpenCommands(options.commands);
-  return PlayHeadless(dataFolder, commands, std::cout, RunStyle::Commands);
+  return PlayHeadless(dataFolder, commands, std::cout, style);
 }
+
+int RunCommands(const Options& options) {
+  if (options.commands != "-") OpenCommands(options.commands);
+  const std::filesystem::path dataFolder = OpenDataFolder(options.dataFolder);
+  std::cerr << "Data folder: " << dataFolder.string() << '\n';
+  if (options.withSample) CopyShows(Examples(options) / "shows", dataFolder);
+  return Play(dataFolder, options) == 0 ? 0 : kCommandsFailed;
+}
+
+#ifdef VESTREL_WEB
+
+int RunPage(const Options& options) {
+  const std::filesystem::path dataFolder =
+      OpenDataFolder(options.dataFolder.empty() ? "data" : options.dataFolder);
+  AddMissingShows(Examples(options) / "shows", dataFolder);
+  ServePage(dataFolder, options, std::cout);
+  return 0;
+}
+
+int RunReplay(const Options& options) {
+  return ReplayJournal(options.replay, options.dataFolder, std::cout) ? 0 : kCommandsFailed;
+}
+
+#else
+
+int RunPage(const Options&) {
+  throw BadUsage("this build has no page; --headless plays commands");
+}
+
+int RunReplay(const Options&) {
+  throw BadUsage("this build reads no journals; --headless plays commands");
+}
+
+#endif
 
 int Run(const Options& options) {
   if (options.task == Task::ShowHelp) {
@@ -47,11 +82,8 @@ int Run(const Options& options) {
     ListOperations(std::cout);
     return 0;
   }
-  if (options.task == Task::PlayCommands && options.commands != "-") OpenCommands(options.commands);
-  const std::filesystem::path dataFolder = OpenDataFolder(options.dataFolder);
-  std::cerr << "Data folder: " << dataFolder.string() << '\n';
-  if (options.withSample) CopyShows(Examples(options) / "shows", dataFolder);
-  return Play(dataFolder, options) == 0 ? 0 : kCommandsFailed;
+  if (options.task == Task::PlayCommands) return RunCommands(options);
+  return options.task == Task::Replay ? RunReplay(options) : RunPage(options);
 }
 
 }  // namespace

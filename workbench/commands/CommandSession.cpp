@@ -2,7 +2,7 @@
 
 namespace vestrel::workbench {
 
-CommandSession::CommandSession(SimulatedHost& host, FileWatch& watch)
+CommandSession::CommandSession(SimulatedHost& host, FileWatch* watch)
     : host_(host),
       watch_(watch),
       multi_(MakeRef<clsMultiFile>()),

@@ -14,12 +14,12 @@ class FileWatch;
 
 class CommandSession {
  public:
-  // Both outlive it.
-  CommandSession(SimulatedHost& host, FileWatch& watch);
+  // Both outlive it. `watch` may be null: then nobody watches the files.
+  CommandSession(SimulatedHost& host, FileWatch* watch);
 
   SimulatedHost& host() noexcept { return host_; }
-  // The files of the data folder.
-  FileWatch& watch() noexcept { return watch_; }
+  // The files of the data folder, or null.
+  FileWatch* watch() noexcept { return watch_; }
   // Names no file before its Init.
   clsMultiFile& multi() noexcept { return *multi_; }
   GlobalButtons& globals() noexcept { return *globals_; }
@@ -27,7 +27,7 @@ class CommandSession {
 
  private:
   SimulatedHost& host_;
-  FileWatch& watch_;
+  FileWatch* watch_;
   Ref<clsMultiFile> multi_;
   Ref<GlobalButtons> globals_;
   Ref<VestrelStatic> statics_;

@@ -18,6 +18,13 @@ const Operation* OperationTable::Find(std::string_view name) const {
   return found == operations_.end() ? nullptr : &found->second;
 }
 
+const Operation& OperationTable::Get(std::string_view name) const {
+  if (const Operation* operation = Find(name)) return *operation;
+  const std::string_view similar = Similar(name);
+  throw BadCommand("unknown operation \"" + std::string(name) + "\"" +
+                   (similar.empty() ? "" : "; did you mean " + std::string(similar) + "?"));
+}
+
 std::string_view OperationTable::Similar(std::string_view name) const {
   const std::u16string wanted = FromUtf8(name);
   for (const auto& [known, operation] : operations_) {

@@ -32,6 +32,8 @@ class OperationTable {
 
   // Null when there is none of that name.
   const Operation* Find(std::string_view name) const;
+  // Raises BadCommand when there is none, naming the one that may be meant.
+  const Operation& Get(std::string_view name) const;
   // The name that differs in letter case alone, or the empty text.
   std::string_view Similar(std::string_view name) const;
   // In alphabetical order.

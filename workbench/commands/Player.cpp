@@ -13,13 +13,6 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-const Operation& Known(const OperationTable& table, const Word& name) {
-  if (const Operation* operation = table.Find(name.text)) return *operation;
-  const std::string_view similar = table.Similar(name.text);
-  throw BadCommand("unknown operation \"" + name.text + "\"" +
-                   (similar.empty() ? "" : "; did you mean " + std::string(similar) + "?"));
-}
-
 }  // namespace
 
 void Player::Play(std::istream& commands) {
@@ -58,8 +51,7 @@ void Player::Perform(std::string_view command) {
 
 Outcome Player::Invoke(std::string_view command) {
   const std::vector<Word> words = SplitLine(command);
-  const Operation& operation = Known(table_, words.front());
-  return operation.invoke(session_, std::span(words).subspan(1));
+  return table_.Get(words.front().text).invoke(session_, std::span(words).subspan(1));
 }
 
 }  // namespace vestrel::workbench

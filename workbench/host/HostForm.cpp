@@ -6,6 +6,12 @@ namespace vestrel::workbench {
 
 void HostForm::SetButtonGroupPageCaption(std::int32_t groupIndex, std::u16string_view caption) {
   host_.calls().Callback("SetButtonGroupPageCaption", groupIndex, caption);
+  if (groupIndex >= 0 && groupIndex <= 9) captions_[groupIndex] = caption;
+}
+
+std::u16string HostForm::caption(std::int32_t groupIndex) const {
+  const auto found = captions_.find(groupIndex);
+  return found == captions_.end() ? std::u16string() : found->second;
 }
 
 void HostForm::RefreshPage(IFSSRefreshEnum refreshType, std::int32_t justGroupIndex, clsButton* justButton) {
@@ -44,14 +50,17 @@ void HostForm::CopyButtonFiles(ButtonTypeEnum buttonType, std::u16string_view sr
 }
 
 void HostForm::DeleteButton(clsButton* button, bool noPrompt) {
-  const bool deletes = noPrompt || host_.answers().deleteButton;
+  Dialogs* dialogs = host_.dialogs();
+  const bool deletes =
+      noPrompt || (dialogs != nullptr ? dialogs->ConfirmDelete(*button) : host_.answers().deleteButton);
   host_.calls().CallbackWithNote("DeleteButton", noPrompt ? "" : " -> " + ValueText(deletes), button,
                                  noPrompt);
   if (deletes) host_.files().Delete(button->buttonType, {CurrentPageName(), button->name});
 }
 
 std::u16string HostForm::RenameButton(clsButton* button, std::int32_t controlIndex) {
-  const std::u16string& answer = host_.answers().renameButton;
+  Dialogs* dialogs = host_.dialogs();
+  const std::u16string answer = dialogs != nullptr ? dialogs->AskName(*button) : host_.answers().renameButton;
   host_.calls().CallbackWithNote("RenameButton", " -> " + ValueText(answer), button, controlIndex);
   if (!answer.empty()) {
     const std::u16string page = CurrentPageName();
@@ -126,7 +135,9 @@ void HostForm::CreateMarkFadeButton(clsButton* button, std::u16string_view origi
 }
 
 bool HostForm::PromptButtonOverwrite(std::u16string_view promptText) {
-  const bool answer = host_.answers().promptButtonOverwrite;
+  Dialogs* dialogs = host_.dialogs();
+  const bool answer =
+      dialogs != nullptr ? dialogs->ConfirmOverwrite(promptText) : host_.answers().promptButtonOverwrite;
   host_.calls().CallbackWithNote("PromptButtonOverwrite", " -> " + ValueText(answer), promptText);
   return answer;
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "controller/interfaces/IFormSequenceShortcuts.h"
@@ -56,6 +57,8 @@ class HostForm : public virtual IFormSequenceShortcuts {
   bool flashing() const noexcept { return flashing_; }
   Ref<clsButton> editPopup() const noexcept { return editPopup_; }
   bool splashScreen() const noexcept { return splashScreen_; }
+  // What the library called the run that group 0 to 9 shows; empty when it did not, or for another group.
+  std::u16string caption(std::int32_t groupIndex) const;
   // Whether the marker of bump fader 1 to 8 is lit.
   bool bumpMarker(std::int32_t bumpIndex) const { return bumpMarkers_.at(Position(bumpIndex)); }
 
@@ -67,6 +70,7 @@ class HostForm : public virtual IFormSequenceShortcuts {
   bool flashing_ = false;
   bool splashScreen_ = true;
   Ref<clsButton> editPopup_;
+  std::map<std::int32_t, std::u16string> captions_;
   std::array<bool, 8> bumpMarkers_{};
 };
 

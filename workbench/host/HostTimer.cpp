@@ -8,4 +8,9 @@ void HostTimer::Start(std::uint64_t now) noexcept {
   due_ = now + interval_;
 }
 
+void HostTimer::Ticked(std::uint64_t now) noexcept {
+  Ticked();
+  if (due_ <= now) due_ = now + interval_;
+}
+
 }  // namespace vestrel::workbench

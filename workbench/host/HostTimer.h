@@ -23,6 +23,8 @@ class HostTimer {
   bool IsDue(std::uint64_t now) const noexcept { return running_ && due_ <= now; }
   // Notes that the tick that was due was made.
   void Ticked() noexcept { due_ += interval_; }
+  // The same where time does not wait: ticks that were missed by `now` are not made up for.
+  void Ticked(std::uint64_t now) noexcept;
 
  private:
   std::uint64_t interval_;

@@ -37,6 +37,12 @@ bool IsFileName(std::u16string_view name) {
 
 }  // namespace
 
+bool ItemFiles::Exists(ButtonTypeEnum type, const ItemName& item) const {
+  bool exists = false;
+  ForEach(type, item, item, [&](const fs::path&, const fs::path&, std::error_code&) { exists = true; });
+  return exists;
+}
+
 void ItemFiles::Copy(ButtonTypeEnum type, const ItemName& from, const ItemName& to) const {
   ForEach(type, from, to, [](const fs::path& source, const fs::path& target, std::error_code& error) {
     fs::copy_file(source, target, fs::copy_options::overwrite_existing, error);

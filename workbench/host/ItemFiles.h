@@ -23,6 +23,8 @@ class ItemFiles {
   explicit ItemFiles(std::filesystem::path dataFolder) : dataFolder_(std::move(dataFolder)) {}
   void SetShow(std::u16string_view showName) { showName_ = showName; }
 
+  // Whether the item has any of its files.
+  bool Exists(ButtonTypeEnum type, const ItemName& item) const;
   // A file that is in the way is replaced.
   void Copy(ButtonTypeEnum type, const ItemName& from, const ItemName& to) const;
   void Move(ButtonTypeEnum type, const ItemName& from, const ItemName& to) const;

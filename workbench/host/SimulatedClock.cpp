@@ -1,14 +1,10 @@
 #include "workbench/host/SimulatedClock.h"
 
-#include <chrono>
-
 namespace vestrel::workbench {
 
 namespace {
 
 using namespace std::chrono;
-
-constexpr sys_seconds kEvening = sys_days{year{2026} / November / 15} + hours{19} + minutes{30};
 
 std::u16string TwoDigits(unsigned value) {
   return {static_cast<char16_t>(u'0' + value / 10 % 10), static_cast<char16_t>(u'0' + value % 10)};
@@ -22,7 +18,7 @@ std::u16string FourDigits(int value) {
 }  // namespace
 
 std::u16string SimulatedClock::LocalDateTimeText() {
-  const sys_seconds time = kEvening + duration_cast<seconds>(milliseconds{now_ - kStart});
+  const sys_seconds time = start_.local + duration_cast<seconds>(milliseconds{now_ - start_.ticks});
   const sys_days day = floor<days>(time);
   const year_month_day date{day};
   const auto second = static_cast<unsigned>((time - day).count());

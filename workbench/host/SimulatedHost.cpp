@@ -6,11 +6,13 @@
 
 namespace vestrel::workbench {
 
-SimulatedHost::SimulatedHost(const std::filesystem::path& dataFolder)
+SimulatedHost::SimulatedHost(const std::filesystem::path& dataFolder, const ClockStart& start)
     : appPath_(dataFolder.u16string()),
+      clock_(start),
       system_(calls_, appPath_),
       override_({.clock = &clock_, .hostServices = &system_}),
       files_(dataFolder),
+      folders_(dataFolder),
       form_(MakeRef<HostForm>(*this)),
       surface_(MakeRef<ControlSurface>(*this)),
       transport_(MakeRef<TransportBar>(*this)),

@@ -14,10 +14,12 @@
 #include "workbench/host/Answers.h"
 #include "workbench/host/CallReporter.h"
 #include "workbench/host/ControlSurface.h"
+#include "workbench/host/Dialogs.h"
 #include "workbench/host/HostForm.h"
 #include "workbench/host/HostSystem.h"
 #include "workbench/host/HostTimer.h"
 #include "workbench/host/ItemFiles.h"
+#include "workbench/host/ShowFolders.h"
 #include "workbench/host/SimulatedClock.h"
 #include "workbench/host/Stage.h"
 #include "workbench/host/TransportBar.h"
@@ -29,7 +31,7 @@ class SimulatedHost {
   // Starts the log (vestrel.log in the data folder) and both controllers: no show, page size -1. The folder
   // exists and its path is absolute; everything the library writes goes into it. Raises what the log raises
   // when its file cannot be written.
-  explicit SimulatedHost(const std::filesystem::path& dataFolder);
+  explicit SimulatedHost(const std::filesystem::path& dataFolder, const ClockStart& start = {});
   SimulatedHost(const SimulatedHost&) = delete;
   SimulatedHost& operator=(const SimulatedHost&) = delete;
   ~SimulatedHost();
@@ -42,16 +44,22 @@ class SimulatedHost {
   Stage& stage() noexcept { return stage_; }
   Answers& answers() noexcept { return answers_; }
   ItemFiles& files() noexcept { return files_; }
+  ShowFolders& folders() noexcept { return folders_; }
   CallReporter& calls() noexcept { return calls_; }
   HostTimer& blinkTimer() noexcept { return blinkTimer_; }
   HostTimer& transportTimer() noexcept { return transportTimer_; }
   // The data folder as the library is given it.
   const std::u16string& appPath() const noexcept { return appPath_; }
   std::uint64_t Now() const noexcept { return clock_.Now(); }
+  // The front end's dialogs, or null; see workbench/host/Dialogs.h.
+  Dialogs* dialogs() const noexcept { return system_.dialogs(); }
+  void SetDialogs(Dialogs* dialogs) noexcept { system_.SetDialogs(dialogs); }
 
   // Lets the time pass, 0 or more milliseconds, and fires the timers as they fall due; at the same moment the
   // blink timer comes first. A failure of a tick ends it at that moment.
   void Advance(std::uint64_t milliseconds);
+  // Lets the time pass without the timers, for a front end that has timers of its own. Never backwards.
+  void GoOnTo(std::uint64_t now) noexcept { clock_.GoOnTo(now); }
 
   // The operator moves fader `index`, 1 to 8, to `value`. Raises 9 for another index.
   void MoveGroupFader(std::int32_t index, std::int32_t value);
@@ -59,6 +67,7 @@ class SimulatedHost {
 
   // The page size and the show are the host's to know as well.
   void SetPageSize(std::int32_t pageSize);
+  std::int32_t pageSize() const noexcept { return pageSize_; }
   void CreateShow(std::u16string_view showName);
   void LoadShow(std::u16string_view showName);
 
@@ -97,6 +106,7 @@ class SimulatedHost {
   Stage stage_;
   Answers answers_;
   ItemFiles files_;
+  ShowFolders folders_;
   HostTimer blinkTimer_{kBlinkInterval};
   HostTimer transportTimer_{kTransportInterval};
   bool releaseOnPlay_ = false;

@@ -1,0 +1,440 @@
+#include "workbench/server/Hub.h"
+
+#include <algorithm>
+#include <array>
+#include <boost/asio/post.hpp>
+#include <exception>
+
+#include "core/Convert.h"
+#include "core/Version.h"
+#include "workbench/server/Queries.h"
+#include "workbench/server/Refusals.h"
+
+namespace vestrel::workbench {
+
+namespace {
+
+using nlohmann::json;
+using namespace std::chrono_literals;
+
+constexpr std::size_t kHelloEntries = 500;
+constexpr std::size_t kMostWaiting = 1000;
+constexpr auto kProgressInterval = 50ms;
+constexpr auto kFarewell = 300ms;
+constexpr std::array<std::string_view, 6> kLongCommands{"LoadShow",
+                                                        "CreateNewShow",
+                                                        "clearAll",
+                                                        "record.LoadEventsFrom",
+                                                        "record.SaveEventsTo",
+                                                        "record.updateEventTime"};
+
+// Something is wrong with a frame; the text is for whoever wrote it.
+class BadFrame : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+const json& Member(const json& frame, const char* name) {
+  const auto found = frame.find(name);
+  if (found == frame.end()) throw BadFrame(std::string("\"") + name + "\" is missing");
+  return *found;
+}
+
+std::string TextOf(const json& frame, const char* name) {
+  const json& value = Member(frame, name);
+  if (!value.is_string()) throw BadFrame(std::string("\"") + name + "\" is no text");
+  return value.get<std::string>();
+}
+
+std::int64_t NumberOf(const json& frame, const char* name, std::int64_t least, std::int64_t most) {
+  const json& value = Member(frame, name);
+  if (!value.is_number_integer()) throw BadFrame(std::string("\"") + name + "\" is no whole number");
+  // A large unsigned number would come out negative.
+  const bool huge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
+  const std::int64_t number = huge ? INT64_MAX : value.get<std::int64_t>();
+  if (number < least || number > most) {
+    throw BadFrame(std::string("\"") + name + "\" is not between " + std::to_string(least) + " and " +
+                   std::to_string(most));
+  }
+  return number;
+}
+
+json IdOf(const json& frame) {
+  const auto id = frame.find("id");
+  if (id == frame.end()) return nullptr;
+  return id->is_number() || (id->is_string() && id->get_ref<const std::string&>().size() <= 64) ? *id
+                                                                                                : nullptr;
+}
+
+json DoneFrame(const json& id, const CommandResult& result) {
+  json frame{{"t", "done"}, {"id", id}, {"ok", result.ok}};
+  if (!result.ok) {
+    frame["error"] = result.error;
+    return frame;
+  }
+  json results = json::object();
+  if (result.outcome.result) results[""] = *result.outcome.result;
+  for (const NamedText& entry : result.outcome.handedBack) results[entry.name] = entry.value;
+  frame["results"] = std::move(results);
+  return frame;
+}
+
+json DialogState(std::uint64_t number, const Dialog& dialog) {
+  const char* const kinds[] = {"yesno", "text", "message"};
+  return {{"id", number},
+          {"kind", kinds[static_cast<std::size_t>(dialog.kind)]},
+          {"title", dialog.title},
+          {"text", dialog.text},
+          {"value", dialog.value}};
+}
+
+}  // namespace
+
+Hub::Hub(boost::asio::io_context& loop, WorkSession& session)
+    : loop_(loop),
+      work_(loop.get_executor()),
+      session_(session),
+      view_(session),
+      log_(session.start().ticks),
+      timer_(loop),
+      end_(loop),
+      started_(std::chrono::steady_clock::now()) {
+  session_.SetDoor(this);
+  session_.AddObserver(&log_);
+  view_.Set("dialog", nullptr);
+  view_.Set("progress", nullptr);
+  view_.Set("clients", 0);
+}
+
+Hub::~Hub() {
+  session_.SetDoor(nullptr);
+  session_.RemoveObserver(&log_);
+}
+
+// ---- Pages ----
+
+void Hub::Join(PageClient& page) {
+  view_.Set("clients", pages_.size() + 1);
+  Broadcast();
+  pages_.insert(&page);
+  SendTo(page, {{"t", "hello"},
+                {"version", ToUtf8(Version())},
+                {"seq", sequence_},
+                {"ms", session_.host().Now() - session_.start().ticks},
+                {"state", view_.Whole()},
+                {"log", log_.Last(kHelloEntries)},
+                {"commands", CommandList(session_.operations())}});
+}
+
+void Hub::Leave(PageClient& page) {
+  if (pages_.erase(&page) == 0) return;
+  view_.Set("clients", pages_.size());
+  std::vector<std::int32_t> controls;
+  for (auto& [control, holders] : held_) {
+    if (holders.contains(&page)) controls.push_back(control);
+  }
+  for (const std::int32_t control : controls) LetGo(page, control);
+  if (!stopping_) Broadcast();
+}
+
+void Hub::Receive(PageClient& page, std::string_view text) {
+  const json frame = json::parse(text, nullptr, false);
+  try {
+    if (!frame.is_object()) throw BadFrame("a frame is one JSON object");
+    Handle(page, frame);
+  } catch (const BadFrame& bad) {
+    Complain(page, frame, bad.what());
+  }
+}
+
+void Hub::Handle(PageClient& page, const json& frame) {
+  const std::string type = TextOf(frame, "t");
+  if (stopping_) throw BadFrame("the host is shutting down");
+  if (type == "do") return HandleCommand(page, frame);
+  if (type == "press") return HandlePress(page, frame, true);
+  if (type == "release") return HandlePress(page, frame, false);
+  if (type == "fader") return HandleFader(page, frame);
+  if (type == "find") return HandleFind(page, frame);
+  if (type == "events") return HandleEvents(page, frame);
+  if (type == "answer") return HandleAnswer(page, frame);
+  if (type == "ping") return SendTo(page, {{"t", "pong"}, {"id", IdOf(frame)}});
+  throw BadFrame("\"" + type.substr(0, 40) + "\" is no type of frame");
+}
+
+void Hub::HandleCommand(PageClient& page, const json& frame) {
+  std::string command = TextOf(frame, "cmd");
+  if (session_.asking()) {
+    return SendTo(page, DoneFrame(IdOf(frame), {false, {}, "refused: a dialog is waiting for its answer"}));
+  }
+  WhenIdle([this, &page, command = std::move(command), id = IdOf(frame)] { RunFor(&page, command, id); });
+}
+
+void Hub::HandlePress(PageClient& page, const json& frame, bool pressed) {
+  constexpr std::int64_t kMostControls = 100'000;
+  const auto control = static_cast<std::int32_t>(NumberOf(frame, "control", 1, kMostControls));
+  WhenIdle([this, &page, control, pressed, id = IdOf(frame)] {
+    if (pressed) return Hold(page, control, id);
+    LetGo(page, control);
+    if (pages_.contains(&page)) SendTo(page, DoneFrame(id, {}));
+  });
+}
+
+void Hub::HandleFader(PageClient& page, const json& frame) {
+  const std::string which = TextOf(frame, "which");
+  if (which != "group" && which != "bump") throw BadFrame("\"which\" is neither group nor bump");
+  const std::string command = "host." + which + " " + std::to_string(NumberOf(frame, "number", 1, 8)) + " " +
+                              std::to_string(NumberOf(frame, "value", 0, 100));
+  WhenIdle([this, &page, command, id = IdOf(frame)] { RunFor(&page, command, id); });
+}
+
+void Hub::HandleFind(PageClient& page, const json& frame) {
+  json answer = FindButtons(session_, TextOf(frame, "text"));
+  answer["t"] = "found";
+  answer["id"] = IdOf(frame);
+  SendTo(page, answer);
+}
+
+void Hub::HandleEvents(PageClient& page, const json& frame) {
+  json answer =
+      EventRows(session_, NumberOf(frame, "from", 0, INT32_MAX), NumberOf(frame, "count", 0, INT32_MAX));
+  answer["t"] = "events";
+  answer["id"] = IdOf(frame);
+  SendTo(page, answer);
+}
+
+// ---- Buttons that are held down ----
+
+void Hub::Hold(PageClient& page, std::int32_t control, const json& id) {
+  if (!pages_.contains(&page)) return;
+  std::set<PageClient*>& holders = held_[control];
+  const bool first = holders.empty();
+  holders.insert(&page);
+  if (first) return RunFor(&page, "controlPressed " + std::to_string(control), id);
+  SendTo(page, DoneFrame(id, {}));
+}
+
+void Hub::LetGo(PageClient& page, std::int32_t control) {
+  const auto found = held_.find(control);
+  if (found == held_.end() || found->second.erase(&page) == 0 || !found->second.empty()) return;
+  held_.erase(found);
+  WhenIdle([this, control] { Run("controlReleased " + std::to_string(control)); });
+}
+
+// ---- Calls ----
+
+void Hub::WhenIdle(Work work) {
+  if (!busy_) return work();
+  if (waiting_.size() >= kMostWaiting) throw BadFrame("too much is waiting; nothing was done");
+  waiting_.push_back(std::move(work));
+}
+
+void Hub::RunWaiting() {
+  while (!busy_ && !waiting_.empty()) {
+    const Work work = std::move(waiting_.front());
+    waiting_.pop_front();
+    work();
+  }
+}
+
+CommandResult Hub::Run(std::string_view command) {
+  AnnounceLongWork(command);
+  busy_ = true;
+  const auto began = std::chrono::steady_clock::now();
+  CommandResult result = session_.Perform(command, Now());
+  const auto took = std::chrono::steady_clock::now() - began;
+  lastCallTook_ = std::chrono::duration_cast<std::chrono::microseconds>(took);
+  busy_ = false;
+  if (!longWork_.empty()) {
+    longWork_.clear();
+    view_.Set("progress", nullptr);
+  }
+  Broadcast();
+  ScheduleTimers();
+  if (!waiting_.empty()) boost::asio::post(loop_, [this] { RunWaiting(); });
+  PostAfterCall();
+  if (stopping_ && !finished_ && session_.depth() == 0) Finish();
+  return result;
+}
+
+void Hub::PostAfterCall() {
+  if (!afterCall_ || afterCallPosted_ || stopping_) return;
+  afterCallPosted_ = true;
+  boost::asio::post(loop_, [this] {
+    afterCallPosted_ = false;
+    if (session_.depth() == 0 && waiting_.empty() && !stopping_) afterCall_();
+  });
+}
+
+void Hub::RunFor(PageClient* page, const std::string& command, const json& id) {
+  if (!pages_.contains(page)) return;
+  const CommandResult result = Run(command);
+  if (!pages_.contains(page)) return;
+  json done = DoneFrame(id, result);
+  done["us"] = lastCallTook_.count();
+  SendTo(*page, done);
+}
+
+CommandResult Hub::Command(std::string_view command) {
+  return Run(command);
+}
+
+void Hub::AnnounceLongWork(std::string_view command) {
+  const std::string_view name = command.substr(0, command.find(' '));
+  if (std::find(kLongCommands.begin(), kLongCommands.end(), name) == kLongCommands.end()) return;
+  longWork_ = name;
+  view_.Set("progress", {{"what", longWork_}, {"done", 0}, {"total", 0}});
+  Broadcast();
+}
+
+void Hub::Turn(std::uint64_t turn) {
+  const auto now = std::chrono::steady_clock::now();
+  if (now - lastProgress_ > kProgressInterval) {
+    if (!longWork_.empty()) view_.Set("progress", {{"what", longWork_}, {"done", turn}, {"total", 0}});
+    lastProgress_ = now;
+    Broadcast();
+  }
+  loop_.poll();
+}
+
+// ---- Dialogs ----
+
+DialogAnswer Hub::Ask(const Dialog& dialog) {
+  OpenDialog& open = dialogs_.emplace_back(OpenDialog{++lastDialog_, dialog, std::nullopt});
+  busy_ = false;
+  ShowDialogs();
+  // Turns first what the handler under way has started; a blocking turn would not see it.
+  loop_.poll();
+  while (!open.answer && !stopping_ && !loop_.stopped()) loop_.run_one();
+  busy_ = true;
+  const DialogAnswer answer = open.answer.value_or(DialogAnswer{});
+  dialogs_.pop_back();
+  ShowDialogs();
+  return answer;
+}
+
+void Hub::ShowDialogs() {
+  view_.Set("dialog",
+            dialogs_.empty() ? json() : DialogState(dialogs_.back().number, dialogs_.back().dialog));
+  Broadcast();
+}
+
+void Hub::HandleAnswer(PageClient& page, const json& frame) {
+  const std::int64_t number = NumberOf(frame, "dialog", 0, INT64_MAX);
+  const json id = IdOf(frame);
+  if (dialogs_.empty() || dialogs_.back().number != static_cast<std::uint64_t>(number) ||
+      dialogs_.back().answer) {
+    return SendTo(page, DoneFrame(id, {false, {}, "refused: this dialog is not open any more"}));
+  }
+  try {
+    AnswerDialog(dialogs_.back(), Member(frame, "value"));
+    SendTo(page, DoneFrame(id, {}));
+  } catch (const Refusal& refusal) {
+    SendTo(page, DoneFrame(id, {false, {}, std::string("refused: ") + refusal.what()}));
+  }
+}
+
+void Hub::AnswerDialog(OpenDialog& open, const json& value) {
+  DialogAnswer answer;
+  if (open.dialog.kind == DialogKind::Text && value.is_string()) {
+    answer = {true, value.get<std::string>()};
+    if (!answer.text.empty()) ExpectFreeButtonName(FromUtf8(answer.text), session_);
+  } else if (value.is_boolean() && open.dialog.kind != DialogKind::Text) {
+    answer.yes = value.get<bool>();
+  } else if (!value.is_null()) {
+    throw BadFrame("\"value\" does not answer this dialog");
+  }
+  open.answer = answer;
+}
+
+// ---- Time ----
+
+std::uint64_t Hub::Now() const {
+  const auto passed = std::chrono::steady_clock::now() - started_;
+  return session_.start().ticks +
+         static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
+}
+
+void Hub::ScheduleTimers() {
+  std::optional<std::uint64_t> due;
+  for (const HostTimer* timer : {&session_.host().blinkTimer(), &session_.host().transportTimer()}) {
+    if (timer->running()) due = std::min(due.value_or(timer->due()), timer->due());
+  }
+  if (!due || stopping_) {
+    timer_.cancel();
+    return;
+  }
+  timer_.expires_at(started_ + std::chrono::milliseconds(*due - session_.start().ticks));
+  timer_.async_wait([this](const boost::system::error_code& error) {
+    if (!error) WhenIdle([this] { TimersDue(); });
+  });
+}
+
+void Hub::TimersDue() {
+  if (stopping_) return;
+  TickIfDue(session_.host().blinkTimer(), "leds.TimerTick");
+  TickIfDue(session_.host().transportTimer(), "record.TimerTick");
+  ScheduleTimers();
+}
+
+void Hub::TickIfDue(HostTimer& timer, std::string_view command) {
+  const std::uint64_t now = Now();
+  if (!timer.IsDue(now) || busy_) return;
+  timer.Ticked(now);
+  Run(command);
+}
+
+// ---- Sending ----
+
+void Hub::Broadcast() {
+  try {
+    json changes = view_.TakeChanges();
+    if (!changes.is_null()) {
+      SendAll({{"t", "patch"},
+               {"seq", ++sequence_},
+               {"ms", session_.host().Now() - session_.start().ticks},
+               {"set", std::move(changes)}});
+    }
+    json entries = log_.TakeNew();
+    if (!entries.is_null()) SendAll({{"t", "log"}, {"entries", std::move(entries)}});
+  } catch (const std::exception& failure) {
+    SendAll({{"t", "error"}, {"text", std::string("the state cannot be read: ") + failure.what()}});
+  }
+}
+
+void Hub::SendAll(const json& message) {
+  if (pages_.empty()) return;
+  const Frame frame =
+      std::make_shared<const std::string>(message.dump(-1, ' ', false, json::error_handler_t::replace));
+  for (PageClient* page : pages_) page->Send(frame);
+}
+
+void Hub::SendTo(PageClient& page, const json& message) {
+  page.Send(
+      std::make_shared<const std::string>(message.dump(-1, ' ', false, json::error_handler_t::replace)));
+}
+
+void Hub::Complain(PageClient& page, const json& frame, const std::string& text) {
+  json complaint{{"t", "error"}, {"text", text}};
+  if (frame.is_object()) complaint["id"] = IdOf(frame);
+  SendTo(page, complaint);
+}
+
+// ---- The end ----
+
+void Hub::ShutDown() {
+  if (stopping_) return;
+  stopping_ = true;
+  waiting_.clear();
+  // A call under way, or one whose dialog is answered by this, ends first; Run sees to the rest then.
+  if (session_.depth() == 0) Finish();
+}
+
+void Hub::Finish() {
+  finished_ = true;
+  Run("formShutdown");
+  for (PageClient* page : pages_) page->GoAway();
+  end_.expires_after(kFarewell);
+  end_.async_wait([this](const boost::system::error_code&) { loop_.stop(); });
+}
+
+}  // namespace vestrel::workbench

@@ -1,0 +1,45 @@
+// What the page shows, derived from the library and the host after each call: one JSON value for each
+// top-level key (docs/workbench-protocol.md), and which of them changed. Keeps the values that were sent
+// last; changes nothing in the session.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "workbench/server/WorkSession.h"
+
+namespace vestrel::workbench {
+
+class StateView {
+ public:
+  // The session outlives it.
+  explicit StateView(WorkSession& session) : session_(session) {}
+
+  // All keys as they stand; they count as sent.
+  nlohmann::json Whole();
+  // The keys that changed since they were sent, or null.
+  nlohmann::json TakeChanges();
+  // A key that something else than the session owns (dialog, progress, clients).
+  void Set(const std::string& key, nlohmann::json value) { others_[key] = std::move(value); }
+
+ private:
+  using Keys = std::map<std::string, nlohmann::json>;
+  Keys Derive();
+  nlohmann::json Show();
+  nlohmann::json Items();
+  void LookAtFolders();
+
+  WorkSession& session_;
+  Keys sent_;
+  Keys others_;
+  // What the folders hold, looked at again when a call changed files or the page is another.
+  std::uint64_t seenChanges_ = 0;
+  bool looked_ = false;
+  std::u16string seenPage_;
+  nlohmann::json shows_;
+  nlohmann::json items_;
+};
+
+}  // namespace vestrel::workbench

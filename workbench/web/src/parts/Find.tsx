@@ -1,0 +1,104 @@
+// Finds a button by name on any page and goes to it.
+import { useSignal } from '@preact/signals';
+import { useRef } from 'preact/hooks';
+import { goTo } from '../actions';
+import { say } from '../announce';
+import { find } from '../link';
+import type { FoundButton } from '../protocol';
+import { groupName } from '../state';
+import { markFound } from './found';
+import { Icon } from './Icon';
+
+const WAIT = 80;
+
+export function Find() {
+  const text = useSignal('');
+  const results = useSignal<FoundButton[] | null>(null);
+  const current = useSignal(0);
+  const timer = useRef(0);
+  const latest = useRef(0);
+
+  const search = async () => {
+    const number = ++latest.current;
+    const wanted = text.peek().trim();
+    const found = wanted ? await find(wanted).catch(() => []) : null;
+    // An answer that comes after a later question is of no use.
+    if (number !== latest.current) return;
+    results.value = found;
+    current.value = 0;
+    if (found) say(found.length === 1 ? '1 button found' : `${found.length} buttons found`);
+  };
+  const close = () => {
+    latest.current++;
+    text.value = '';
+    results.value = null;
+  };
+  const goToResult = async (result: FoundButton | undefined) => {
+    if (!result) return;
+    close();
+    if (await goTo(result)) markFound(result.group, result.index);
+  };
+  const keyDown = (event: KeyboardEvent) => {
+    const count = results.peek()?.length ?? 0;
+    if (event.key === 'ArrowDown' && count) current.value = (current.peek() + 1) % count;
+    else if (event.key === 'ArrowUp' && count) current.value = (current.peek() + count - 1) % count;
+    else if (event.key === 'Enter') void goToResult(results.peek()?.[current.peek()]);
+    else if (event.key === 'Escape') {
+      close();
+      (event.currentTarget as HTMLElement).blur();
+    } else return;
+    event.preventDefault();
+    event.stopPropagation();
+  };
+  const shown = results.value;
+
+  return (
+    <div class="find" onFocusOut={(event) => !event.currentTarget.contains(event.relatedTarget as Node) && (results.value = null)}>
+      <Icon name="search" />
+      <input
+        id="find"
+        type="text"
+        role="combobox"
+        placeholder="Find a button"
+        aria-label="Find a button on any page"
+        aria-expanded={!!shown?.length}
+        aria-controls="find-results"
+        aria-autocomplete="list"
+        aria-activedescendant={shown?.length ? `found-${current.value}` : undefined}
+        autocomplete="off"
+        spellcheck={false}
+        value={text.value}
+        onInput={(event) => {
+          text.value = event.currentTarget.value;
+          clearTimeout(timer.current);
+          timer.current = window.setTimeout(() => void search(), WAIT);
+        }}
+        onFocus={() => void search()}
+        onKeyDown={keyDown}
+      />
+      <kbd>/</kbd>
+      <ul id="find-results" role="listbox" aria-label="Buttons found" hidden={!shown}>
+        {shown?.map((result, i) => (
+          <li
+            key={i}
+            id={`found-${i}`}
+            role="option"
+            aria-selected={i === current.value}
+            onPointerDown={(event) => event.preventDefault()}
+            onClick={() => void goToResult(result)}
+          >
+            <strong>{result.name}</strong>
+            <span>
+              {result.page} · {groupName(result.group)} · {result.index}
+            </span>
+          </li>
+        ))}
+        {shown?.length === 0 && (
+          <li class="none" role="option" aria-selected={false} aria-disabled>
+            No button has this name.
+          </li>
+        )}
+      </ul>
+    </div>
+  );
+}
