@@ -1,0 +1,83 @@
+// The faults that the tests put into an operation, one point at a time: which call or allocation, how it
+// fails, and whether it is the only one.
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "tests/faults/SeamFiles.h"
+
+namespace vestrel::test {
+
+// The whole of a test, with VESTREL_SCALE=long in the environment; a part of it otherwise.
+inline bool RunsLong() {
+  const char* const scale = std::getenv("VESTREL_SCALE");
+  return scale != nullptr && std::string_view(scale) == "long";
+}
+
+// How often, from the environment where it says so.
+inline int Times(const char* variable, int otherwise) {
+  const char* const text = std::getenv(variable);
+  return text != nullptr ? std::atoi(text) : otherwise;
+}
+
+struct Fault {
+  const char* name;
+  platform::FileStatus status;  // Ok: the write is cut short
+  bool always;
+};
+
+constexpr Fault kFaults[] = {
+    {"no space, once", platform::FileStatus::DiskFull, false},
+    {"no space, from then on", platform::FileStatus::DiskFull, true},
+    {"I/O error, once", platform::FileStatus::IoError, false},
+    {"I/O error, from then on", platform::FileStatus::IoError, true},
+    {"interrupted, once", platform::FileStatus::Interrupted, false},
+    {"interrupted, from then on", platform::FileStatus::Interrupted, true},
+    {"no permission, once", platform::FileStatus::AccessDenied, false},
+    {"no permission, from then on", platform::FileStatus::AccessDenied, true},
+    {"short write, once", platform::FileStatus::Ok, false},
+    {"short write, from then on", platform::FileStatus::Ok, true},
+};
+
+// Whether an operation must not notice the fault: calls are made again, writes go on.
+constexpr bool IsPassing(const Fault& fault) {
+  return fault.status == platform::FileStatus::Ok ||
+         (fault.status == platform::FileStatus::Interrupted && !fault.always);
+}
+
+// Counts calls, and makes call number `at` (from 1) fail; 0 for none. Calls on `exempt` neither count nor
+// fail.
+class FaultPoint {
+ public:
+  int at = 0;
+  Fault fault = kFaults[0];
+  std::u16string exempt;
+
+  int Calls() const { return calls_; }
+  bool IsReached() const { return at != 0 && calls_ >= at; }
+  void Begin(int point, const Fault& kind) {
+    calls_ = 0;
+    at = point;
+    fault = kind;
+  }
+  void End() { at = 0; }
+
+  platform::FileStatus operator()(FileCall& call) {
+    if (!exempt.empty() && call.path == exempt) return platform::FileStatus::Ok;
+    ++calls_;
+    const bool due = at != 0 && (calls_ == at || (fault.always && calls_ > at));
+    if (!due) return platform::FileStatus::Ok;
+    if (fault.status == platform::FileStatus::Ok && call.name == "WriteAt") {
+      call.bytes = call.bytes.substr(0, std::max<std::size_t>(1, call.bytes.size() / 2));
+    }
+    return fault.status;
+  }
+
+ private:
+  int calls_ = 0;
+};
+
+}  // namespace vestrel::test

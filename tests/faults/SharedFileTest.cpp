@@ -1,0 +1,164 @@
+// Two processes at one settings file, and a disk that is really full.
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <set>
+
+#include "core/Convert.h"
+#include "storage/IniBatch.h"
+#include "storage/clsIniFile.h"
+#include "storage/clsMultiFile.h"
+#include "tests/faults/Faults.h"
+#include "tests/support/Errors.h"
+#include "tests/support/TempFolder.h"
+
+namespace vestrel::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Runs in a process of its own; what it answers is its exit status.
+pid_t InAnother(const std::function<int()>& action) {
+  const pid_t child = fork();
+  if (child != 0) return child;
+  int status = 99;
+  try {
+    status = action();
+  } catch (...) {
+    status = 98;
+  }
+  _exit(status);
+}
+
+int StatusOf(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 100;
+}
+
+Ref<clsIniFile> Settings(const TempFolder& folder) {
+  auto file = MakeRef<clsIniFile>();
+  file->UseFile(folder.Path("pageSetting.ini"));
+  return file;
+}
+
+// Writes rising numbers into a section of its own: two keys in one commit, which no reader may see apart, and
+// from time to time one that gets longer or goes.
+int WriteRising(const TempFolder& folder, std::int32_t writer, std::int32_t count) {
+  const Ref<clsIniFile> file = Settings(folder);
+  file->UseSection(u"Writer" + LongToText(writer));
+  for (std::int32_t i = 1; i <= count; ++i) {
+    {
+      IniBatch batch(*file, Sync::No);
+      file->WriteLong(u"first", i);
+      file->WriteLong(u"second", i);
+      if (!batch.Commit()) return 1;
+    }
+    // Its own value, whatever the other one wrote meanwhile.
+    if (file->ReadLong(u"first", -1) != i) return 2;
+    std::u16string filler(static_cast<std::size_t>(i % 200), u'x');
+    file->WriteString(u"filler", filler);
+  }
+  return 0;
+}
+
+int ReadRising(const TempFolder& folder, std::int32_t count) {
+  const Ref<clsIniFile> file = Settings(folder);
+  std::int32_t last[3] = {0, 0, 0};
+  while (last[1] < count || last[2] < count) {
+    const IniBatch oneReading(*file, Sync::No);
+    for (std::int32_t writer = 1; writer <= 2; ++writer) {
+      file->UseSection(u"Writer" + LongToText(writer));
+      const std::int32_t first = file->ReadLong(u"first", 0);
+      if (first != file->ReadLong(u"second", 0)) return 3;
+      if (first < last[writer]) return 4;
+      last[writer] = first;
+    }
+  }
+  return 0;
+}
+
+// VESTREL_WRITES says how many writes each process makes; 300,000 take about a minute on two idle cores.
+TEST(SharedFileTest, TwoProcessesLoseNothingOfEachOther) {
+  const std::int32_t count = Times("VESTREL_WRITES", RunsLong() ? 20'000 : 300);
+  const TempFolder folder;
+  folder.Put("pageSetting.ini", "[Kept]\r\nk=1\r\n");
+  const pid_t one = InAnother([&] { return WriteRising(folder, 1, count); });
+  const pid_t two = InAnother([&] { return WriteRising(folder, 2, count); });
+  const pid_t reader = InAnother([&] { return ReadRising(folder, count); });
+  EXPECT_EQ(StatusOf(one), 0);
+  EXPECT_EQ(StatusOf(two), 0);
+  EXPECT_EQ(StatusOf(reader), 0) << "3: a torn read, 4: an update was lost";
+  const Ref<clsIniFile> file = Settings(folder);
+  for (const std::u16string_view section : {u"Writer1", u"Writer2"}) {
+    file->UseSection(section);
+    EXPECT_EQ(file->ReadLong(u"first", 0), count);
+  }
+  file->UseSection(u"Kept");
+  EXPECT_EQ(file->ReadLong(u"k", 0), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Real()), fs::directory_iterator()), 1);
+}
+
+// ---- A file system of 64 KB, mounted where only this process sees it ----
+
+constexpr int kCannotMount = 77;
+
+std::string Filled(const TempFolder& folder) {
+  std::ofstream filler(folder.Real("filler"), std::ios::binary);
+  const std::string block(1024, 'x');
+  while (filler.write(block.data(), 1024) && filler.flush()) {
+  }
+  return folder.Get("pageSetting.ini");
+}
+
+bool SavesAPage(const Ref<clsIniFile>& file, std::size_t length) {
+  std::u16string value(length, u'v');
+  IniBatch batch(*file, Sync::Yes);
+  file->WriteString(u"long", value);
+  return batch.Commit();
+}
+
+std::int32_t SaveMulti(const TempFolder& folder) {
+  const auto multi = MakeRef<clsMultiFile>();
+  multi->Init(folder.Path(), u"Gala", u"Act 1", u"Calm");
+  for (int i = 0; i < 200; ++i) multi->AddSequence(MakeRef<clsSequence>().get());
+  return RaisedNumber([&] { multi->Save(); });
+}
+
+int FillTheDisk(const TempFolder& folder, int rounds) {
+  if (unshare(CLONE_NEWNS) != 0) return kCannotMount;
+  if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return kCannotMount;
+  if (mount("tmpfs", folder.Real().c_str(), "tmpfs", 0, "size=64k") != 0) return kCannotMount;
+  fs::create_directories(folder.Real("Sequences/Gala/Act 1"));
+  folder.Put("Sequences/Gala/Act 1/Calm.MUL", "1,1\r\n0\r\n");
+  const Ref<clsIniFile> file = Settings(folder);
+  for (int round = 0; round < rounds; ++round) {
+    if (!SavesAPage(file, static_cast<std::size_t>(100 + round % 50))) return 1;
+    const std::string before = Filled(folder);
+    if (SavesAPage(file, 5000)) return 2;
+    if (folder.Get("pageSetting.ini") != before) return 3;
+    if (SaveMulti(folder) != Error_DiskFull) return 4;
+    if (folder.Get("Sequences/Gala/Act 1/Calm.MUL") != "1,1\r\n0\r\n") return 5;
+    fs::remove(folder.Real("filler"));
+    if (!SavesAPage(file, 5000)) return 6;
+    if (fs::exists(folder.Real("pageSetting.ini.new~"))) return 7;
+  }
+  return 0;
+}
+
+TEST(FullDiskTest, FailsTellsAndChangesNothing) {
+  const TempFolder folder;
+  const int rounds = RunsLong() ? 1000 : 20;
+  const int status = StatusOf(InAnother([&] { return FillTheDisk(folder, rounds); }));
+  if (status == kCannotMount) GTEST_SKIP() << "a file system can be mounted by the superuser alone";
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace vestrel::test
