@@ -1,0 +1,12 @@
+# Faults in every file call, killed processes, power cuts, two writers, full disks: the long form of what the unit tests
+# run a part of.
+source tests/stages/common.sh
+build linux-debug --target fault_tests
+
+whole() { VESTREL_SCALE=long VESTREL_KILLS=2000 GTEST_BRIEF=1 build/linux-debug/tests/faults/fault_tests --gtest_filter="$1"; }
+
+check "every file call of every operation fails in every way" whole 'FileFaultsTest.*'
+check "2,000 kills at random moments lose nothing" whole 'KillTest.AtRandom*'
+check "the power goes at any moment of an evening" env GTEST_BRIEF=1 build/linux-debug/tests/faults/fault_tests \
+  --gtest_filter='*PowerCut*'
+check "two processes and a full disk" whole 'SharedFileTest.*:FullDiskTest.*'
