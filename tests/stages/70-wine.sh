@@ -114,7 +114,7 @@ with_width() {
   local arch=$2
   work=$PWD/build/wine/$1
   if ! wine_setup "$1"; then
-    skipped "hosts under $1-bit Wine: $wine_reason"
+    without_wine "hosts under $1-bit Wine"
     return
   fi
   built=$PWD/build/windows-$arch

@@ -66,7 +66,7 @@ with_width() {
   check "host guide: the pieces for the virtual table compile: $arch" compiles_snippets "$arch"
   work=$PWD/build/wine/$1
   if ! wine_setup "$1"; then
-    skipped "examples under $1-bit Wine: $wine_reason"
+    without_wine "examples under $1-bit Wine"
     return
   fi
   built=$PWD/build/windows-$arch

@@ -4,6 +4,7 @@
 
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyForm.h"
+#include "tests/component/host/Program.h"
 
 namespace host {
 namespace {
@@ -554,9 +555,5 @@ int Run(const wchar_t* folder) {
 
 // EarlyBound FOLDER: an empty folder for data.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 2) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[1]);
-  CoUninitialize();
-  return result;
+  return host::Program(count == 2, [&] { return host::Run(arguments[1]); });
 }

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/component/host/Program.h"
 #include "tests/component/host/ScriptedHost.h"
 #include "tests/component/host/Session.h"
 
@@ -823,9 +824,6 @@ int Run(const wchar_t* dataFolder, const char* slotsFile) {
 
 // EveryOperation FOLDER SLOTS: an empty folder for data, and the list of all slots.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 3) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[1], host::Narrow(arguments[2]).c_str());
-  CoUninitialize();
-  return result;
+  return host::Program(count == 3,
+                       [&] { return host::Run(arguments[1], host::Narrow(arguments[2]).c_str()); });
 }

@@ -7,6 +7,7 @@
 
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyHost.h"
+#include "tests/component/host/Program.h"
 #include "tests/component/host/Registry.h"
 #include "tests/component/host/ScriptedHost.h"
 #include "tests/component/host/Session.h"
@@ -312,12 +313,10 @@ int Run(const wchar_t* path, int rounds) {
 // Hostile FOLDER LIBRARY ROUNDS: the library, and how many rounds of random calls to make. It works on the
 // drive of the Windows system, whatever the folder: paths without a drive lead to no other place there.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 4) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  host::folder = L"C:\\hostile\\";
-  CreateDirectoryW(host::folder.c_str(), nullptr);
-  const bool there = SetCurrentDirectoryW(host::folder.c_str()) != FALSE;
-  const int result = there ? host::Run(arguments[2], _wtoi(arguments[3])) : 2;
-  CoUninitialize();
-  return result;
+  return host::Program(count == 4, [&] {
+    host::folder = L"C:\\hostile\\";
+    CreateDirectoryW(host::folder.c_str(), nullptr);
+    if (!SetCurrentDirectoryW(host::folder.c_str())) return 2;
+    return host::Run(arguments[2], _wtoi(arguments[3]));
+  });
 }

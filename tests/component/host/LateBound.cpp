@@ -1,6 +1,7 @@
 // Late binding in the forms that compilers and engines use: typed variables by reference, arguments by name,
 // missing ones, values of other types, and what a failing call tells.
 #include "tests/component/host/Check.h"
+#include "tests/component/host/Program.h"
 #include "tests/component/host/Session.h"
 
 namespace host {
@@ -227,9 +228,5 @@ int Run(const wchar_t* path) {
 
 // LateBound FOLDER: an empty folder for data.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 2) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[1]);
-  CoUninitialize();
-  return result;
+  return host::Program(count == 2, [&] { return host::Run(arguments[1]); });
 }

@@ -1,6 +1,7 @@
 // When the server may be unloaded, and calls from other apartments.
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyForm.h"
+#include "tests/component/host/Program.h"
 
 namespace host {
 namespace {
@@ -275,9 +276,5 @@ int Run(const wchar_t* folder) {
 
 // Lifetime FOLDER: an empty folder for data.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 2) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[1]);
-  CoUninitialize();
-  return result;
+  return host::Program(count == 2, [&] { return host::Run(arguments[1]); });
 }

@@ -4,6 +4,7 @@
 
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyHost.h"
+#include "tests/component/host/Program.h"
 #include "tests/component/host/Registry.h"
 
 namespace host {
@@ -268,9 +269,5 @@ int Run(const wchar_t* path, const wchar_t* manifest) {
 
 // Registration FOLDER LIBRARY MANIFEST: full names; the folder is not used.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 4) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[2], arguments[3]);
-  CoUninitialize();
-  return result;
+  return host::Program(count == 4, [&] { return host::Run(arguments[2], arguments[3]); });
 }

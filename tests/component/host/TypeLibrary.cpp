@@ -7,6 +7,7 @@
 
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyHost.h"
+#include "tests/component/host/Program.h"
 
 namespace host {
 namespace {
@@ -232,9 +233,6 @@ int Run(const wchar_t* path, const char* list) {
 // TypeLibrary FOLDER LIBRARY SLOTS: a type library or what has one in it, and the list; the folder is not
 // used.
 int wmain(int count, wchar_t** arguments) {
-  if (count != 4) return 2;
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int result = host::Run(arguments[2], host::Narrow(arguments[3]).c_str());
-  CoUninitialize();
-  return result;
+  return host::Program(count == 4,
+                       [&] { return host::Run(arguments[2], host::Narrow(arguments[3]).c_str()); });
 }

@@ -5,6 +5,11 @@
 wine_root=${VESTREL_WINE32-/var/cache/vestrel/wine32}
 wine_reason= # why wine_setup answered 1
 
+# without_wine TEXT: what was not run for wine_reason is a skip; in CI, where both widths run, it is a failure.
+without_wine() {
+  if [ -n "${CI-}" ]; then failed "$1: $wine_reason"; else skipped "$1: $wine_reason"; fi
+}
+
 # wine_setup BITS: makes Wine of that width ready, with a prefix of the tree's own; 32 needs root.
 wine_setup() {
   wine_bits=$1
