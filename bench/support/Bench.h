@@ -14,8 +14,9 @@ namespace vestrel::bench {
 bool Quick();
 
 // One contender at one size: `work` does `items` things at a time, `before` prepares it outside the clock.
-// The figure is nanoseconds an item. `what` names the work ("sort"), `who` the contender ("Vestrel",
-// "std::sort").
+// The figure is nanoseconds an item, of the time that the processor worked for it; where it `waits` for the
+// disk or another process, of the time that passed. `what` names the work ("sort"), `who` the contender
+// ("Vestrel", "std::sort", "floor (keys copied out)").
 struct Case {
   std::string what;
   std::string who;
@@ -46,6 +47,17 @@ struct Claim {
   double otherTimes = 1;
 };
 void Add(Claim claim);
+
+// What each more of the size costs, in nanoseconds, between two sizes; `limit` is the target's upper bound.
+struct Growth {
+  std::string figure;
+  std::string what;
+  std::int64_t from = 0;
+  std::int64_t to = 0;
+  double limit = 0;
+  std::string ours = "Vestrel";
+};
+void Add(Growth growth);
 
 // A figure that is computed rather than timed, in `unit`; `limit` is a target's upper bound.
 struct Amount {

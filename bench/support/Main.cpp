@@ -1,5 +1,5 @@
 // Runs what a program adds, prints its part of the table and, where VESTREL_BENCH_OUT names a file, writes
-// the points and lines there for bench/report.py.
+// the points and rows there for bench/report.py.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -17,10 +17,38 @@ namespace {
 
 using Point = std::pair<std::string, std::int64_t>;  // "what|who", size
 
+double Seconds(bool wall) {
+  timespec time{};
+  clock_gettime(wall ? CLOCK_MONOTONIC : CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+// Work as short as reading the clock is done many times between two readings.
+constexpr double kShortest = 20e-6;
+
+double Timed(const Case& measured, std::int64_t times) {
+  const double start = Seconds(measured.waits);
+  for (; times > 0; --times) measured.work();
+  return Seconds(measured.waits) - start;
+}
+
+// Work that has to be prepared is done once at a time.
+std::int64_t TimesAtOnce(const Case& measured) {
+  std::int64_t times = 1;
+  while (!measured.before && Timed(measured, times) < kShortest) times *= 2;
+  return times;
+}
+
+struct Contender {
+  Case measured;
+  std::int64_t times = 0;
+};
+
 struct Program {
-  std::vector<std::unique_ptr<Case>> cases;
-  std::map<std::string, const Case*> byName;
+  std::vector<std::unique_ptr<Contender>> contenders;
+  std::map<std::string, const Contender*> byName;
   std::vector<Claim> claims;
+  std::vector<Growth> growths;
   std::vector<Amount> amounts;
   std::map<Point, double> nanoseconds;
 };
@@ -30,20 +58,13 @@ Program& program() {
   return instance;
 }
 
-double Seconds(bool wall) {
-  timespec time{};
-  clock_gettime(wall ? CLOCK_MONOTONIC : CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-void Measure(benchmark::State& state, const Case& measured) {
+void Measure(benchmark::State& state, Contender& contender) {
+  const Case& measured = contender.measured;
+  if (contender.times == 0) contender.times = TimesAtOnce(measured);
   for ([[maybe_unused]] auto iteration : state) {
     if (measured.before) measured.before();
-    const double start = Seconds(measured.waits);
-    measured.work();
-    state.SetIterationTime(Seconds(measured.waits) - start);
+    state.SetIterationTime(Timed(measured, contender.times));
   }
-  state.counters["items"] = static_cast<double>(measured.items);
 }
 
 // Keeps the medians.
@@ -54,9 +75,10 @@ class Collector : public benchmark::BenchmarkReporter {
     for (const Run& run : runs) {
       if (run.error_occurred) throw std::runtime_error(run.benchmark_name());
       if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
-      const Case& measured = *program().byName.at(run.run_name.function_name);
+      const Contender& contender = *program().byName.at(run.run_name.function_name);
+      const Case& measured = contender.measured;
       program().nanoseconds[{measured.what + "|" + measured.who, measured.size}] =
-          run.GetAdjustedRealTime() / static_cast<double>(measured.items);
+          run.GetAdjustedRealTime() / static_cast<double>(measured.items * contender.times);
     }
   }
 };
@@ -73,48 +95,59 @@ std::string Time(double nanoseconds) {
   return Number(nanoseconds / 1e6) + " ms";
 }
 
-// figure | ours | other and its figure | ratio | target | result
+// figure | ours | peer | floor | ratio | target | result
 using Row = std::vector<std::string>;
+
+constexpr const char* kMet = "met";
+constexpr const char* kNotMet = "not met";
+
+// A contender that is called "floor (how)" stands in a column of its own.
+Row RowBeside(const std::string& figure, const std::string& ours, const std::string& other,
+              const std::string& others) {
+  static const std::string kFloor = "floor (";
+  if (other.rfind(kFloor, 0) != 0) return {figure, ours, other + ": " + others, "", "", "", ""};
+  const std::string how = other.substr(kFloor.size(), other.size() - kFloor.size() - 1);
+  return {figure, ours, "", how + ": " + others, "", "", ""};
+}
 
 Row RowOf(const Claim& claim) {
   const double ours = program().nanoseconds.at({claim.what + "|" + claim.ours, claim.size});
   const double other =
       program().nanoseconds.at({claim.what + "|" + claim.other, claim.size}) * claim.otherTimes;
-  const std::string others = claim.other + ": " + Time(other);
+  Row row = RowBeside(claim.figure, Time(ours), claim.other, Time(other));
   const bool faster = claim.kind == Kind::TimesFaster || (claim.kind == Kind::Shown && other > ours);
-  const std::string ratio = faster ? Number(other / ours) + " times faster" : Number(ours / other) + " times";
-  switch (claim.kind) {
-    case Kind::TimesFaster:
-      return {claim.figure,
-              Time(ours),
-              others,
-              ratio,
-              "at least " + Number(claim.factor) + " times faster",
-              other / ours >= claim.factor ? "met" : "not met"};
-    case Kind::AtMostTimes:
-      return {claim.figure,
-              Time(ours),
-              others,
-              ratio,
-              "at most " + Number(claim.factor) + " times",
-              ours / other <= claim.factor ? "met" : "not met"};
-    case Kind::Shown:
-      break;
+  row[4] = faster ? Number(other / ours) + " times faster" : Number(ours / other) + " times";
+  if (claim.kind == Kind::TimesFaster) {
+    row[5] = "at least " + Number(claim.factor) + " times faster";
+    row[6] = other / ours >= claim.factor ? kMet : kNotMet;
+  } else if (claim.kind == Kind::AtMostTimes) {
+    row[5] = "at most " + Number(claim.factor) + " times";
+    row[6] = ours / other <= claim.factor ? kMet : kNotMet;
   }
-  return {claim.figure, Time(ours), others, ratio, "", ""};
+  return row;
+}
+
+Row RowOf(const Growth& growth) {
+  const auto at = [&](std::int64_t size) {
+    return program().nanoseconds.at({growth.what + "|" + growth.ours, size});
+  };
+  const double each = (at(growth.to) - at(growth.from)) / static_cast<double>(growth.to - growth.from);
+  return {growth.figure,
+          Time(each),
+          "",
+          "",
+          "",
+          "at most " + Time(growth.limit),
+          each <= growth.limit ? kMet : kNotMet};
 }
 
 Row RowOf(const Amount& amount) {
   const std::string unit = " " + amount.unit;
-  Row row{amount.figure,
-          Number(amount.ours) + unit,
-          amount.other + ": " + Number(amount.others) + unit,
-          Number(amount.ours / amount.others) + " times",
-          "",
-          ""};
+  Row row = RowBeside(amount.figure, Number(amount.ours) + unit, amount.other, Number(amount.others) + unit);
+  row[4] = Number(amount.ours / amount.others) + " times";
   if (amount.limit > 0) {
-    row[4] = "at most " + Number(amount.limit) + unit;
-    row[5] = amount.ours <= amount.limit ? "met" : "not met";
+    row[5] = "at most " + Number(amount.limit) + unit;
+    row[6] = amount.ours <= amount.limit ? kMet : kNotMet;
   }
   return row;
 }
@@ -125,35 +158,47 @@ void Write(std::FILE* out, const char* kind, const Row& row) {
   std::fprintf(out, "\n");
 }
 
-// Not when the command line chose other cases.
+bool IsMeasured(const std::string& what, const std::string& who, std::int64_t size) {
+  return program().nanoseconds.count({what + "|" + who, size}) != 0;
+}
+
+// The command line may have chosen some cases only.
 bool IsMeasured(const Claim& claim) {
-  const auto& measured = program().nanoseconds;
-  return measured.count({claim.what + "|" + claim.ours, claim.size}) != 0 &&
-         measured.count({claim.what + "|" + claim.other, claim.size}) != 0;
+  return IsMeasured(claim.what, claim.ours, claim.size) && IsMeasured(claim.what, claim.other, claim.size);
+}
+
+bool IsMeasured(const Growth& growth) {
+  return IsMeasured(growth.what, growth.ours, growth.from) && IsMeasured(growth.what, growth.ours, growth.to);
 }
 
 void Report(std::FILE* out) {
   for (const Claim& claim : program().claims) {
     if (IsMeasured(claim)) Write(out, "row", RowOf(claim));
   }
+  for (const Growth& growth : program().growths) {
+    if (IsMeasured(growth)) Write(out, "row", RowOf(growth));
+  }
   for (const Amount& amount : program().amounts) Write(out, "row", RowOf(amount));
 }
 
 void ReportPoints(std::FILE* out) {
-  for (const auto& [point, nanoseconds] : program().nanoseconds) {
-    const std::size_t bar = point.first.find('|');
+  for (const auto& contender : program().contenders) {
+    const Case& measured = contender->measured;
+    const auto each = program().nanoseconds.find({measured.what + "|" + measured.who, measured.size});
+    if (each == program().nanoseconds.end()) continue;
     Write(out, "point",
-          {point.first.substr(0, bar), point.first.substr(bar + 1), std::to_string(point.second),
-           Number(nanoseconds)});
+          {measured.what, measured.who, std::to_string(measured.size),
+           Number(each->second * static_cast<double>(measured.items))});
   }
 }
 
 void Run() {
-  for (const auto& measured : program().cases) {
-    const std::string name = measured->what + "/" + measured->who + "/" + std::to_string(measured->size);
-    program().byName[name] = measured.get();
+  for (const auto& contender : program().contenders) {
+    const Case& measured = contender->measured;
+    const std::string name = measured.what + "/" + measured.who + "/" + std::to_string(measured.size);
+    program().byName[name] = contender.get();
     benchmark::RegisterBenchmark(name.c_str(),
-                                 [one = measured.get()](benchmark::State& state) { Measure(state, *one); })
+                                 [one = contender.get()](benchmark::State& state) { Measure(state, *one); })
         ->UseManualTime()
         ->ReportAggregatesOnly(true);
   }
@@ -168,11 +213,15 @@ bool Quick() {
 }
 
 void Add(Case measured) {
-  program().cases.push_back(std::make_unique<Case>(std::move(measured)));
+  program().contenders.push_back(std::make_unique<Contender>(Contender{std::move(measured)}));
 }
 
 void Add(Claim claim) {
   program().claims.push_back(std::move(claim));
+}
+
+void Add(Growth growth) {
+  program().growths.push_back(std::move(growth));
 }
 
 void Add(Amount amount) {
