@@ -1,5 +1,6 @@
 // All tests, in one process and with one browser. ONLY=PATTERN takes those whose name it matches.
 import { accessTests } from './access.mjs';
+import { aheadTests } from './ahead.mjs';
 import { OPERATIONS } from './operations.mjs';
 import { stand } from './support/stand.mjs';
 import { touchTests } from './touch.mjs';
@@ -18,5 +19,6 @@ for (const { name, before, pointer, keyboard, check } of OPERATIONS.filter((oper
   }
 }
 touchTests(only);
+aheadTests(only);
 wholeTests(only);
 accessTests(only);

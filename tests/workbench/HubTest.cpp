@@ -216,6 +216,9 @@ TEST_F(HubTest, MalformedFramesGetAnErrorAndChangeNothing) {
                                 "{\"t\":\"do\",\"cmd\":5}",
                                 "{\"t\":\"do\",\"cmd\":\"\xFF\xFE\"}",
                                 "{\"t\":\"do\",\"cmd\":\"\\ud800\"}",
+                                "{\"t\":\"do\",\"cmds\":[]}",
+                                "{\"t\":\"do\",\"cmds\":\"clearAll\"}",
+                                "{\"t\":\"do\",\"cmds\":[\"setModeEditing true\",5]}",
                                 "{\"t\":\"press\",\"control\":0}",
                                 "{\"t\":\"press\",\"control\":-1}",
                                 "{\"t\":\"press\",\"control\":1.5}",
@@ -246,6 +249,29 @@ TEST_F(HubTest, BadCommandsAreAnsweredWithTheirError) {
   EXPECT_EQ(ErrorOf("# only a note"), "there is no command");
   EXPECT_TRUE(ErrorOf("setModeMove").starts_with("error 91 "));
   EXPECT_EQ(Do("pages.showName")["results"][""], "\"Harbour Lights\"");
+}
+
+TEST_F(HubTest, CommandsOfOneFrameArePerformedInTurnAndToldAtTheEnd) {
+  const std::size_t before = page.Count("patch");
+  Tell(page,
+       {{"t", "do"},
+        {"id", 1},
+        {"cmds", {"setModeEditing true", "controlClicked 33 1 0 0 0", "setModeCopy", "pages.showName"}}});
+  EXPECT_EQ(page.Done(1)["results"][""], "\"Harbour Lights\"");
+  EXPECT_EQ(page.Count("patch"), before + 1);
+  EXPECT_EQ(page.state["edit"]["mode"], "Copy");
+}
+
+TEST_F(HubTest, CommandsOfOneFrameEndWithTheFirstThatFails) {
+  Tell(page, {{"t", "do"}, {"id", 1}, {"cmds", {"setModeMove", "controlClicked 33 1 0 0 0"}}});
+  EXPECT_TRUE(page.Done(1)["error"].get<std::string>().starts_with("error 91 "));
+  EXPECT_EQ(page.state["group.1"]["slots"][0]["on"], false);
+}
+
+TEST_F(HubTest, AFrameWithTooManyCommandsChangesNothing) {
+  Tell(page, {{"t", "do"}, {"id", 1}, {"cmds", json(257, "controlClicked 33 1 0 0 0")}});
+  EXPECT_FALSE(page.Answer("error", 1).is_null());
+  EXPECT_EQ(page.state["group.1"]["slots"][0]["on"], false);
 }
 
 TEST_F(HubTest, EventsAreSentInParts) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <boost/asio/post.hpp>
 #include <exception>
+#include <utility>
+#include <vector>
 
 #include "core/Convert.h"
 #include "core/Version.h"
@@ -19,6 +21,7 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t kHelloEntries = 500;
 constexpr std::size_t kMostWaiting = 1000;
+constexpr std::size_t kMostCommands = 256;
 constexpr auto kProgressInterval = 50ms;
 constexpr auto kFarewell = 300ms;
 constexpr std::array<std::string_view, 6> kLongCommands{"LoadShow",
@@ -64,6 +67,21 @@ json IdOf(const json& frame) {
   if (id == frame.end()) return nullptr;
   return id->is_number() || (id->is_string() && id->get_ref<const std::string&>().size() <= 64) ? *id
                                                                                                 : nullptr;
+}
+
+// The commands of one frame, in their order.
+std::vector<std::string> CommandsOf(const json& frame) {
+  if (!frame.contains("cmds")) return {TextOf(frame, "cmd")};
+  const json& list = frame["cmds"];
+  if (!list.is_array() || list.empty() || list.size() > kMostCommands) {
+    throw BadFrame("\"cmds\" is no list of 1 to " + std::to_string(kMostCommands) + " commands");
+  }
+  std::vector<std::string> commands;
+  for (const json& command : list) {
+    if (!command.is_string()) throw BadFrame("\"cmds\" holds something that is no text");
+    commands.push_back(command.get<std::string>());
+  }
+  return commands;
 }
 
 json DoneFrame(const json& id, const CommandResult& result) {
@@ -162,11 +180,11 @@ void Hub::Handle(PageClient& page, const json& frame) {
 }
 
 void Hub::HandleCommand(PageClient& page, const json& frame) {
-  std::string command = TextOf(frame, "cmd");
+  std::vector<std::string> commands = CommandsOf(frame);
   if (session_.asking()) {
     return SendTo(page, DoneFrame(IdOf(frame), {false, {}, "refused: a dialog is waiting for its answer"}));
   }
-  WhenIdle([this, &page, command = std::move(command), id = IdOf(frame)] { RunFor(&page, command, id); });
+  WhenIdle([this, &page, commands = std::move(commands), id = IdOf(frame)] { RunFor(&page, commands, id); });
 }
 
 void Hub::HandlePress(PageClient& page, const json& frame, bool pressed) {
@@ -184,7 +202,7 @@ void Hub::HandleFader(PageClient& page, const json& frame) {
   if (which != "group" && which != "bump") throw BadFrame("\"which\" is neither group nor bump");
   const std::string command = "host." + which + " " + std::to_string(NumberOf(frame, "number", 1, 8)) + " " +
                               std::to_string(NumberOf(frame, "value", 0, 100));
-  WhenIdle([this, &page, command, id = IdOf(frame)] { RunFor(&page, command, id); });
+  WhenIdle([this, &page, command, id = IdOf(frame)] { RunFor(&page, {command}, id); });
 }
 
 void Hub::HandleFind(PageClient& page, const json& frame) {
@@ -209,7 +227,7 @@ void Hub::Hold(PageClient& page, std::int32_t control, const json& id) {
   std::set<PageClient*>& holders = held_[control];
   const bool first = holders.empty();
   holders.insert(&page);
-  if (first) return RunFor(&page, "controlPressed " + std::to_string(control), id);
+  if (first) return RunFor(&page, {"controlPressed " + std::to_string(control)}, id);
   SendTo(page, DoneFrame(id, {}));
 }
 
@@ -217,7 +235,7 @@ void Hub::LetGo(PageClient& page, std::int32_t control) {
   const auto found = held_.find(control);
   if (found == held_.end() || found->second.erase(&page) == 0 || !found->second.empty()) return;
   held_.erase(found);
-  WhenIdle([this, control] { Run("controlReleased " + std::to_string(control)); });
+  WhenIdle([this, control] { Run({"controlReleased " + std::to_string(control)}); });
 }
 
 // ---- Calls ----
@@ -236,11 +254,15 @@ void Hub::RunWaiting() {
   }
 }
 
-CommandResult Hub::Run(std::string_view command) {
-  AnnounceLongWork(command);
+CommandResult Hub::Run(const std::vector<std::string>& commands) {
   busy_ = true;
   const auto began = std::chrono::steady_clock::now();
-  CommandResult result = session_.Perform(command, Now());
+  CommandResult result;
+  for (const std::string& command : commands) {
+    AnnounceLongWork(command);
+    result = session_.Perform(command, Now());
+    if (!result.ok || stopping_) break;
+  }
   const auto took = std::chrono::steady_clock::now() - began;
   lastCallTook_ = std::chrono::duration_cast<std::chrono::microseconds>(took);
   busy_ = false;
@@ -265,9 +287,9 @@ void Hub::PostAfterCall() {
   });
 }
 
-void Hub::RunFor(PageClient* page, const std::string& command, const json& id) {
+void Hub::RunFor(PageClient* page, const std::vector<std::string>& commands, const json& id) {
   if (!pages_.contains(page)) return;
-  const CommandResult result = Run(command);
+  const CommandResult result = Run(commands);
   if (!pages_.contains(page)) return;
   json done = DoneFrame(id, result);
   done["us"] = lastCallTook_.count();
@@ -275,7 +297,7 @@ void Hub::RunFor(PageClient* page, const std::string& command, const json& id) {
 }
 
 CommandResult Hub::Command(std::string_view command) {
-  return Run(command);
+  return Run({std::string(command)});
 }
 
 void Hub::AnnounceLongWork(std::string_view command) {
@@ -380,7 +402,7 @@ void Hub::TickIfDue(HostTimer& timer, std::string_view command) {
   const std::uint64_t now = Now();
   if (!timer.IsDue(now) || busy_) return;
   timer.Ticked(now);
-  Run(command);
+  Run({std::string(command)});
 }
 
 // ---- Sending ----
@@ -431,7 +453,7 @@ void Hub::ShutDown() {
 
 void Hub::Finish() {
   finished_ = true;
-  Run("formShutdown");
+  Run({"formShutdown"});
   for (PageClient* page : pages_) page->GoAway();
   end_.expires_after(kFarewell);
   end_.async_wait([this](const boost::system::error_code&) { loop_.stop(); });

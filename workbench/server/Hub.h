@@ -22,6 +22,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "workbench/server/CallLog.h"
 #include "workbench/server/DialogDoor.h"
@@ -83,8 +84,10 @@ class Hub : private DialogDoor {
   void PostAfterCall();
   void Hold(PageClient& page, std::int32_t control, const Json& id);
   void LetGo(PageClient& page, std::int32_t control);
-  CommandResult Run(std::string_view command);
-  void RunFor(PageClient* page, const std::string& command, const Json& id);
+  // One after the other up to the first that fails, with nothing else in between; answers the last one's
+  // result. What they changed is told at the end.
+  CommandResult Run(const std::vector<std::string>& commands);
+  void RunFor(PageClient* page, const std::vector<std::string>& commands, const Json& id);
   void AnnounceLongWork(std::string_view command);
 
   std::uint64_t Now() const;

@@ -10,16 +10,25 @@ after(async () => {
 
 // A test with a workbench of its own. The body gets `open(options)`, which opens a page and answers its operator,
 // and the workbench. Whatever a page complains about in its console fails the test, unless it is expected.
-// On a busy machine a key may overtake the page, so what fails is tried once more; what fails twice is a fault.
+// On a busy machine what fails is tried once more; what fails twice is a fault. To look for what fails now and then:
+// VESTREL_TIMES=30 repeats each test, VESTREL_TRIES=1 tries nothing again, VESTREL_THROTTLE=6 slows the page down.
+const times = Number(process.env.VESTREL_TIMES ?? 1);
+const tries = Number(process.env.VESTREL_TRIES ?? 2);
+const throttle = Number(process.env.VESTREL_THROTTLE ?? 1);
+
 export function stand(name, body) {
-  test(name, { timeout: 60000 }, async () => {
+  for (let i = 0; i < times; i++) test(name, { timeout: 60000 }, () => tryTo(name, body));
+}
+
+async function tryTo(name, body) {
+  for (let left = tries - 1; ; left--) {
     try {
-      await attempt(body);
+      return await attempt(body);
     } catch (error) {
+      if (left <= 0) throw error;
       console.error(`   once more: ${name}: ${error.message}`);
-      await attempt(body);
     }
-  });
+  }
 }
 
 async function attempt(body) {
@@ -35,6 +44,7 @@ async function attempt(body) {
     const page = await context.newPage();
     page.on('pageerror', (error) => complaints.push(String(error)));
     page.on('console', (message) => message.type() === 'error' && complaints.push(message.text()));
+    if (throttle > 1) await (await context.newCDPSession(page)).send('Emulation.setCPUThrottlingRate', { rate: throttle });
     const operator = new Operator(page);
     await operator.open(workbench.url);
     return operator;

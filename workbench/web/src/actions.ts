@@ -19,9 +19,10 @@ export interface Pointer {
 
 const BY_KEY: Pointer = { button: 1, shift: 0, x: 0, y: 0 };
 
-export function click(control: number, at: Pointer = BY_KEY): Promise<boolean> {
-  return run(`controlClicked ${control} ${at.button} ${at.shift} ${at.x} ${at.y}`);
-}
+const clickLine = (control: number, at: Pointer = BY_KEY) =>
+  `controlClicked ${control} ${at.button} ${at.shift} ${at.x} ${at.y}`;
+
+export const click = (control: number, at?: Pointer) => run(clickLine(control, at));
 
 export function press(control: number): boolean {
   return sendOrWarn(connection.tell({ t: 'press', control }));
@@ -68,11 +69,11 @@ export async function addPage(name: string): Promise<boolean> {
   return (await run(`AddPage ${quote(name)}`)) && (name === show.peek().page || setPage(name));
 }
 
-export function pageBy(offset: number): void {
+export async function pageBy(offset: number): Promise<void> {
   const { pages, page } = show.peek();
   if (pages.length < 2) return;
   const next = pages[(pages.indexOf(page) + offset + pages.length) % pages.length];
-  if (next !== undefined) void setPage(next);
+  if (next !== undefined) await setPage(next);
 }
 
 export const setPageSize = (size: number) => run(`setButtonGroupPageSize ${size}`);
@@ -96,10 +97,10 @@ export async function cancelAssignment(): Promise<boolean> {
   return done;
 }
 
+const chooseLines = (control: number) => ['setModeEditing true', clickLine(control)];
+
 // Makes the button of a control the one that edit commands act on, and opens its menu.
-export async function choose(control: number): Promise<boolean> {
-  return (await run('setModeEditing true')) && (await click(control));
-}
+export const choose = (control: number) => run(...chooseLines(control));
 
 export type EditCommand =
   | 'rename'
@@ -134,9 +135,7 @@ const EDIT_LINES: Record<EditCommand, string> = {
 export const editOpen = (command: EditCommand) => run(EDIT_LINES[command]);
 
 // Acts on the button of a control.
-export async function editAt(control: number, command: EditCommand): Promise<boolean> {
-  return (await choose(control)) && editOpen(command);
-}
+export const editAt = (control: number, command: EditCommand) => run(...chooseLines(control), EDIT_LINES[command]);
 
 export const assign = (name: string, type: ItemType) => run(`setModeAssign ${quote(name)} ButtonType_${type} host`);
 export const assignToNextFree = (group: number) => run(`autoAssignNextAvailable ${group}`);
@@ -185,20 +184,16 @@ export function pageSizes(): number[] {
 
 // ---- Multi files
 
+const initMulti = (page: string, name: string) => `multi.Init . ${quote(show.peek().name)} ${quote(page)} ${quote(name)}`;
+
 // Writes the multi file of an item on the current page.
-export async function writeMulti(name: string, sequences: string[]): Promise<boolean> {
-  const { name: showName, page } = show.peek();
-  if (!(await run(`multi.Init . ${quote(showName)} ${quote(page)} ${quote(name)}`))) return false;
-  for (const sequence of sequences) {
-    if (!(await run(`multi.AddSequence ${quote(sequence)} ${quote(name)}`))) return false;
-  }
-  return run('multi.Save');
+export function writeMulti(name: string, sequences: string[]): Promise<boolean> {
+  const add = sequences.map((sequence) => `multi.AddSequence ${quote(sequence)} ${quote(name)}`);
+  return run(initMulti(show.peek().page, name), ...add, 'multi.Save');
 }
 
 // What is in a multi file, as the workbench prints it.
 export async function readMulti(page: string, name: string): Promise<string | null> {
-  if (!(await run(`multi.Init . ${quote(show.peek().name)} ${quote(page)} ${quote(name)}`))) return null;
-  if (!(await run('multi.Load'))) return null;
-  const done = await attempt('multi.SequenceList');
+  const done = await attempt(initMulti(page, name), 'multi.Load', 'multi.SequenceList');
   return done.ok ? (done.results?.[''] ?? '') : null;
 }

@@ -13,6 +13,7 @@ import {
   toggleRecordMode,
 } from './actions';
 import { notify } from './announce';
+import { closeNewest } from './escape';
 import { setPaused, paused } from './log';
 import { focusedGroup, focusFader, focusGroup, focusNextRegion } from './parts/focus';
 import {
@@ -30,7 +31,9 @@ import {
   editFocused,
   nextFaderMode,
 } from './parts/editing';
+import { rendered } from './rendered';
 import { dialog, edit } from './state';
+import { keepKeys, keysWaitFor } from './typeahead';
 import { drawer, overlay, question, showPanel, singleKeys, toggleTheme, wide, type PanelName } from './ui';
 
 export interface Action {
@@ -40,14 +43,15 @@ export interface Action {
   keys?: string;
   // Codes as "Shift+KeyP"; a text matches the key itself.
   on?: string[];
-  run(event?: KeyboardEvent): void;
+  // A promise of it: keys that follow wait, other than those that play.
+  run(event?: KeyboardEvent): unknown;
 }
 
-function inGroup(act: (group: number) => unknown): () => void {
+function inGroup(act: (group: number) => unknown): () => unknown {
   return () => {
     const group = focusedGroup();
-    if (group === null || group < 1 || group > 8) notify('refused', 'Move into one of the eight groups first (keys 1 to 8).');
-    else void act(group);
+    if (group !== null && group >= 1 && group <= 8) return act(group);
+    return notify('refused', 'Move into one of the eight groups first (keys 1 to 8).');
   };
 }
 
@@ -60,19 +64,19 @@ function openPanel(name: PanelName, focus: string): () => void {
       return;
     }
     showPanel(name);
-    requestAnimationFrame(() => document.querySelector<HTMLElement>(`[data-panel="${name}"] ${focus}`)?.focus());
+    void rendered().then(() => document.querySelector<HTMLElement>(`[data-panel="${name}"] ${focus}`)?.focus());
   };
 }
 
 export const ACTIONS: Action[] = [
   { section: 'Play', text: 'Click the button, or hold a bump button', keys: 'Enter, Space', run: () => undefined },
-  { section: 'Play', text: 'Go in group 1 to 8', keys: 'Shift+1 … 8', on: ['12345678'].flatMap((d) => [...d].map((n) => `Shift+Digit${n}`)), run: (event) => void go(digit(event)) },
+  { section: 'Play', text: 'Go in group 1 to 8', keys: 'Shift+1 … 8', on: ['12345678'].flatMap((d) => [...d].map((n) => `Shift+Digit${n}`)), run: (event) => go(digit(event)) },
   { section: 'Play', text: 'Go in this group', keys: 'G', on: ['KeyG'], run: inGroup(go) },
   { section: 'Play', text: 'Mark the next button of this group for go', keys: 'N', on: ['KeyN'], run: inGroup((group) => highlight(group, 'Next')) },
   { section: 'Play', text: 'Mark the previous button of this group for go', keys: 'Shift+N', on: ['Shift+KeyN'], run: inGroup((group) => highlight(group, 'Prev')) },
   { section: 'Play', text: 'This group’s fader, or this bump button’s', keys: 'F', on: ['KeyF'], run: () => focusFader(focusedGroup() ?? 1) },
   { section: 'Play', text: 'Move a fader by 1, by 10, to the end', keys: '↑ ↓, Page Up Page Down, Home End', run: () => undefined },
-  { section: 'Play', text: 'Everything off, on every page', keys: 'Shift+Esc', on: ['Shift+Escape'], run: () => void allOff() },
+  { section: 'Play', text: 'Everything off, on every page, whatever is open', keys: 'Shift+Esc', run: () => allOff() },
 
   { section: 'Move about', text: 'To the next button that way', keys: '← → ↑ ↓', run: () => undefined },
   { section: 'Move about', text: 'To group 1 to 8', keys: '1 … 8', on: [...'12345678'].map((n) => `Digit${n}`), run: (event) => focusGroup(digit(event)) },
@@ -83,12 +87,12 @@ export const ACTIONS: Action[] = [
   { section: 'Move about', text: 'Find a button on any page', keys: '/', on: ['Slash'], run: () => document.getElementById('find')?.focus() },
 
   { section: 'Edit', text: 'Menu of this button', keys: 'E', on: ['KeyE'], run: chooseFocused },
-  { section: 'Edit', text: 'Edit mode: the next click chooses the button', keys: 'Shift+E', on: ['Shift+KeyE'], run: () => void enableEditing(edit.peek().mode !== 'EditEnabled') },
-  { section: 'Edit', text: 'Cancel what waits', keys: 'Esc', on: ['Escape'], run: () => edit.peek().mode !== 'None' && void cancelEdit() },
+  { section: 'Edit', text: 'Edit mode: the next click chooses the button', keys: 'Shift+E', on: ['Shift+KeyE'], run: () => enableEditing(edit.peek().mode !== 'EditEnabled') },
+  { section: 'Edit', text: 'Cancel what waits', keys: 'Esc', on: ['Escape'], run: () => edit.peek().mode !== 'None' && cancelEdit() },
   { section: 'Edit', text: 'Rename this button', keys: 'F2', on: ['F2'], run: () => editFocused('rename') },
   { section: 'Edit', text: 'Move this button', keys: 'V', on: ['KeyV'], run: () => editFocused('move') },
   { section: 'Edit', text: 'Copy this button', keys: 'C', on: ['KeyC'], run: () => editFocused('copy') },
-  { section: 'Edit', text: 'Delete this button', keys: 'Del', on: ['Delete'], run: () => void deleteFocused() },
+  { section: 'Edit', text: 'Delete this button', keys: 'Del', on: ['Delete'], run: () => deleteFocused() },
   { section: 'Edit', text: 'Lock or unlock this button', keys: 'L', on: ['KeyL'], run: () => editFocused('lock') },
   { section: 'Edit', text: 'Bump on or off for this button', keys: 'B', on: ['KeyB'], run: () => editFocused('bump') },
   { section: 'Edit', text: 'Next fader mode for this button', keys: 'D', on: ['KeyD'], run: nextFaderMode },
@@ -98,20 +102,20 @@ export const ACTIONS: Action[] = [
   { section: 'Edit', text: 'Edit the cue of this button', run: () => editFocused('cue') },
 
   { section: 'Show and pages', text: 'Previous, next page', keys: '[ and ]', on: ['BracketLeft', 'BracketRight'], run: (event) => pageBy(event?.code === 'BracketLeft' ? -1 : 1) },
-  { section: 'Show and pages', text: 'New page', keys: 'Shift+P', on: ['Shift+KeyP'], run: () => void askNewPage() },
-  { section: 'Show and pages', text: 'Rename this page', run: () => void askRenamePage() },
-  { section: 'Show and pages', text: 'Delete this page', run: () => void askDeletePage() },
-  { section: 'Show and pages', text: 'New show', run: () => void askNewShow() },
-  { section: 'Show and pages', text: 'Rename this show', run: () => void askRenameShow() },
-  { section: 'Show and pages', text: 'Delete this show', run: () => void askDeleteShow() },
+  { section: 'Show and pages', text: 'New page', keys: 'Shift+P', on: ['Shift+KeyP'], run: () => askNewPage() },
+  { section: 'Show and pages', text: 'Rename this page', run: () => askRenamePage() },
+  { section: 'Show and pages', text: 'Delete this page', run: () => askDeletePage() },
+  { section: 'Show and pages', text: 'New show', run: () => askNewShow() },
+  { section: 'Show and pages', text: 'Rename this show', run: () => askRenameShow() },
+  { section: 'Show and pages', text: 'Delete this show', run: () => askDeleteShow() },
 
-  { section: 'Transport', text: 'Play or pause', keys: 'P', on: ['KeyP'], run: () => void play() },
-  { section: 'Transport', text: 'Record, or end the take', keys: 'R', on: ['KeyR'], run: () => void record() },
-  { section: 'Transport', text: 'Stop and rewind', keys: 'S', on: ['KeyS'], run: () => void stop() },
-  { section: 'Transport', text: 'Merge or overwrite', keys: 'M', on: ['KeyM'], run: () => void toggleRecordMode() },
-  { section: 'Transport', text: 'Save the events', run: () => void askSaveEvents() },
-  { section: 'Transport', text: 'Load events', run: () => void askLoadEvents() },
-  { section: 'Transport', text: 'Clear the events', run: () => void askClearEvents() },
+  { section: 'Transport', text: 'Play or pause', keys: 'P', on: ['KeyP'], run: () => play() },
+  { section: 'Transport', text: 'Record, or end the take', keys: 'R', on: ['KeyR'], run: () => record() },
+  { section: 'Transport', text: 'Stop and rewind', keys: 'S', on: ['KeyS'], run: () => stop() },
+  { section: 'Transport', text: 'Merge or overwrite', keys: 'M', on: ['KeyM'], run: () => toggleRecordMode() },
+  { section: 'Transport', text: 'Save the events', run: () => askSaveEvents() },
+  { section: 'Transport', text: 'Load events', run: () => askLoadEvents() },
+  { section: 'Transport', text: 'Clear the events', run: () => askClearEvents() },
 
   { section: 'Panels', text: 'Library: assign an item', keys: 'A', on: ['KeyA'], run: openPanel('Library', '#new-item-name') },
   { section: 'Panels', text: 'Events', keys: 'I', on: ['KeyI'], run: openPanel('Events', '.event-rows') },
@@ -133,6 +137,11 @@ function isText(target: EventTarget | null): boolean {
 
 function keyDown(event: KeyboardEvent): void {
   if (event.defaultPrevented || event.isComposing) return;
+  if (event.key === 'Escape' && (event.shiftKey || closeNewest())) {
+    event.preventDefault();
+    if (event.shiftKey) void allOff();
+    return;
+  }
   if (dialog.peek() || question.peek() || overlay.peek() !== 'none') return;
   const withControl = event.ctrlKey || event.metaKey;
   if (event.altKey || (isText(event.target) && !withControl)) return;
@@ -142,9 +151,11 @@ function keyDown(event: KeyboardEvent): void {
   // Single letters can be switched off, for speech input that types them.
   if (!singleKeys.peek() && event.key.length === 1 && !withControl) return;
   event.preventDefault();
-  action.run(event);
+  const done = action.run(event);
+  if (done instanceof Promise && action.section !== 'Play') keysWaitFor(done);
 }
 
 export function listenToKeys(): void {
+  keepKeys();
   window.addEventListener('keydown', keyDown);
 }

@@ -22,23 +22,34 @@ export const connection = new Connection(socketUrl(), {
 });
 
 // A command line; a refusal or failure is shown to the operator. Answers whether it succeeded.
-export async function run(cmd: string): Promise<boolean> {
-  return (await attempt(cmd)).ok;
+export async function run(...cmds: string[]): Promise<boolean> {
+  return (await attempt(...cmds)).ok;
 }
 
-// The same with everything that came back.
-export async function attempt(cmd: string): Promise<Done> {
-  const done = await quietly(cmd);
+// The same with everything that came back. Several are performed in turn up to the first that fails, with nothing of
+// this page or another one in between.
+export async function attempt(...cmds: string[]): Promise<Done> {
+  const done = await quietly(...cmds);
   if (!done.ok) notify('refused', reasonOf(done));
   return done;
 }
 
 // The same without a notice.
-export async function quietly(cmd: string): Promise<Done> {
+export async function quietly(...cmds: string[]): Promise<Done> {
   try {
-    return await connection.ask<Done>({ t: 'do', cmd });
+    return await connection.ask<Done>(cmds.length === 1 ? { t: 'do', cmd: cmds[0]! } : { t: 'do', cmds });
   } catch (error) {
     return { t: 'done', id: 0, ok: false, error: (error as Error).message };
+  }
+}
+
+// Empty, or why the answer to the workbench's question was not taken.
+export async function answerDialog(number: number, value: boolean | string | null): Promise<string> {
+  try {
+    const done = await connection.ask<Done>({ t: 'answer', dialog: number, value });
+    return done.ok ? '' : reasonOf(done);
+  } catch (error) {
+    return (error as Error).message;
   }
 }
 

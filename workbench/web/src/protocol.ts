@@ -205,6 +205,7 @@ export type ServerFrame =
 
 export type ClientFrame =
   | { t: 'do'; cmd: string }
+  | { t: 'do'; cmds: string[] }
   | { t: 'press' | 'release'; control: number }
   | { t: 'fader'; which: 'group' | 'bump'; number: number; value: number }
   | { t: 'find'; text: string }

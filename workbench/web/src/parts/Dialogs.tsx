@@ -1,9 +1,10 @@
 // Questions: the workbench's own, which every page shows and any may answer, and those of this page.
+import { useSignal } from '@preact/signals';
 import type { ComponentChildren } from 'preact';
-import { useEffect, useRef } from 'preact/hooks';
-import { connection, sendOrWarn } from '../link';
+import { answerDialog } from '../link';
 import { dialog } from '../state';
 import { question } from '../ui';
+import { useModal } from './modal';
 
 interface BoxProperties {
   title: string;
@@ -15,13 +16,7 @@ interface BoxProperties {
 }
 
 function Box({ title, text, dangerous, leave, send, children }: BoxProperties) {
-  const box = useRef<HTMLDialogElement>(null);
-  useEffect(() => {
-    const before = document.activeElement as HTMLElement | null;
-    box.current!.showModal();
-    box.current!.querySelector('input')?.select();
-    return () => before?.isConnected && before.focus();
-  }, []);
+  const box = useModal(leave);
   return (
     <dialog
       ref={box}
@@ -29,11 +24,6 @@ function Box({ title, text, dangerous, leave, send, children }: BoxProperties) {
       aria-labelledby="box-title"
       aria-describedby={text ? 'box-text' : undefined}
       data-dangerous={dangerous || undefined}
-      onCancel={(event) => {
-        event.preventDefault();
-        leave();
-      }}
-      onKeyDown={(event) => event.stopPropagation()}
     >
       <form
         method="dialog"
@@ -63,11 +53,17 @@ const fieldOf = (form: HTMLFormElement) => (form.elements.namedItem('value') as 
 
 function ServerBox() {
   const { id, kind, title, text, value } = dialog.value!;
-  const answer = (given: boolean | string | null) => sendOrWarn(connection.tell({ t: 'answer', dialog: id, value: given }));
+  const refused = useSignal('');
+  const answer = async (given: boolean | string | null) => {
+    refused.value = await answerDialog(id, given);
+  };
   const no = kind === 'yesno' ? false : kind === 'message' ? true : null;
   return (
     <Box key={id} title={title} text={text} leave={() => answer(no)} send={(form) => answer(kind === 'text' ? fieldOf(form) : true)}>
       {kind === 'text' && <Field label={text || title} value={value ?? ''} />}
+      <p class="box-refused" role="alert" hidden={!refused.value}>
+        {refused.value}
+      </p>
       <div class="box-buttons">
         {kind !== 'message' && (
           <button type="button" onClick={() => answer(no)}>

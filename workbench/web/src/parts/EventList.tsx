@@ -1,12 +1,13 @@
 // The events of the recording: jump to one, change its time. Only the rows in sight are fetched.
 import { useSignal } from '@preact/signals';
-import { useCallback, useEffect, useRef } from 'preact/hooks';
+import { useCallback, useEffect, useLayoutEffect, useRef } from 'preact/hooks';
 import { seekTo, setEventTime } from '../actions';
 import { notify, say } from '../announce';
 import { fetchEvents } from '../link';
 import type { EventRow } from '../protocol';
 import { transport } from '../state';
 import { parseTime } from '../time';
+import { keysWaitFor } from '../typeahead';
 import { askClearEvents, askLoadEvents, askSaveEvents } from './editing';
 import { Icon } from './Icon';
 import { VirtualList } from './VirtualList';
@@ -38,12 +39,17 @@ function useRows(revision: number) {
       );
     }
   }, []);
-  return { rows: rows.current, want, version: arrived.value };
+  // One row that has to be there.
+  const fetchRow = async (i: number) => {
+    for (const row of (await fetchEvents(i, 1)).rows) rows.current.set(row.i, row);
+    arrived.value++;
+  };
+  return { rows: rows.current, want, fetchRow, version: arrived.value };
 }
 
 export function EventList() {
   const { events, next, revision, state } = transport.value;
-  const { rows, want } = useRows(revision);
+  const { rows, want, fetchRow } = useRows(revision);
   const range = useRef<[number, number]>([0, 0]);
   const current = useSignal(0);
   const editing = useSignal<number | null>(null);
@@ -60,13 +66,18 @@ export function EventList() {
     if (state !== 'Stopped') return notify('refused', 'Stop the transport first: it jumps only while it is stopped.');
     if (await seekTo(index)) say(`Event ${index + 1}, ${rows.get(index)?.time ?? ''}`);
   };
+  const edit = async (index: number) => {
+    current.value = index;
+    if (!rows.has(index)) await fetchRow(index);
+    editing.value = index;
+  };
   const keyDown = (event: KeyboardEvent) => {
     if (editing.peek() !== null) return;
     const moves: Record<string, number> = { ArrowDown: 1, ArrowUp: -1, PageDown: 10, PageUp: -10, Home: -events, End: events };
     const move = moves[event.key];
     if (move !== undefined && events) current.value = Math.max(0, Math.min(events - 1, current.value + move));
     else if (event.key === 'Enter' && events) void jump(current.value);
-    else if ((event.key === 'F2' || event.key === 't') && events) editing.value = current.value;
+    else if ((event.key === 'F2' || event.key === 't') && events) keysWaitFor(edit(current.value));
     else return;
     event.preventDefault();
     event.stopPropagation();
@@ -123,10 +134,7 @@ export function EventList() {
               editing={editing.value === i}
               choose={() => (current.value = i)}
               jump={() => void jump(i)}
-              edit={() => {
-                current.value = i;
-                editing.value = i;
-              }}
+              edit={() => keysWaitFor(edit(i))}
               change={(text) => void change(i, text)}
               leave={() => {
                 editing.value = null;
@@ -195,7 +203,10 @@ function Row({ i, row, current, next, editing, choose, jump, edit, change, leave
 
 function TimeField({ value, change, leave }: { value: string; change(text: string): void; leave(): void }) {
   const field = useRef<HTMLInputElement>(null);
-  useEffect(() => field.current!.select(), []);
+  useLayoutEffect(() => {
+    field.current!.focus();
+    field.current!.select();
+  }, []);
   return (
     <input
       ref={field}

@@ -6,6 +6,7 @@ import { say } from '../announce';
 import { find } from '../link';
 import type { FoundButton } from '../protocol';
 import { groupName } from '../state';
+import { keysWaitFor } from '../typeahead';
 import { markFound } from './found';
 import { Icon } from './Icon';
 
@@ -17,8 +18,13 @@ export function Find() {
   const current = useSignal(0);
   const timer = useRef(0);
   const latest = useRef(0);
+  // What the results are for, or are on their way for.
+  const searched = useRef('');
+  const underWay = useRef<Promise<void>>(Promise.resolve());
 
   const search = async () => {
+    clearTimeout(timer.current);
+    searched.current = text.peek();
     const number = ++latest.current;
     const wanted = text.peek().trim();
     const found = wanted ? await find(wanted).catch(() => []) : null;
@@ -38,11 +44,17 @@ export function Find() {
     close();
     if (await goTo(result)) markFound(result.group, result.index);
   };
+  // Enter may come before the results of what was typed last.
+  const goToCurrent = async () => {
+    if (searched.current !== text.peek()) underWay.current = search();
+    await underWay.current;
+    await goToResult(results.peek()?.[current.peek()]);
+  };
   const keyDown = (event: KeyboardEvent) => {
     const count = results.peek()?.length ?? 0;
     if (event.key === 'ArrowDown' && count) current.value = (current.peek() + 1) % count;
     else if (event.key === 'ArrowUp' && count) current.value = (current.peek() + count - 1) % count;
-    else if (event.key === 'Enter') void goToResult(results.peek()?.[current.peek()]);
+    else if (event.key === 'Enter') keysWaitFor(goToCurrent());
     else if (event.key === 'Escape') {
       close();
       (event.currentTarget as HTMLElement).blur();
@@ -71,9 +83,9 @@ export function Find() {
         onInput={(event) => {
           text.value = event.currentTarget.value;
           clearTimeout(timer.current);
-          timer.current = window.setTimeout(() => void search(), WAIT);
+          timer.current = window.setTimeout(() => (underWay.current = search()), WAIT);
         }}
-        onFocus={() => void search()}
+        onFocus={() => (underWay.current = search())}
         onKeyDown={keyDown}
       />
       <kbd>/</kbd>

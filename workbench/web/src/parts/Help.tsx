@@ -1,22 +1,17 @@
 // The keys of the page, over everything else.
-import { useEffect, useRef } from 'preact/hooks';
 import { ACTIONS } from '../keys';
 import { serverVersion } from '../state';
 import { overlay, singleKeys } from '../ui';
 import { Icon } from './Icon';
+import { useModal } from './modal';
 
 const SECTIONS = [...new Set(ACTIONS.map((action) => action.section))];
 
 export function Help() {
-  const box = useRef<HTMLDialogElement>(null);
   const close = () => (overlay.value = 'none');
-  useEffect(() => {
-    const before = document.activeElement as HTMLElement | null;
-    box.current!.showModal();
-    return () => before?.focus();
-  }, []);
+  const box = useModal(close);
   return (
-    <dialog ref={box} class="help" aria-labelledby="help-title" onCancel={close} onClick={(event) => event.target === box.current && close()}>
+    <dialog ref={box} class="help" aria-labelledby="help-title" onClick={(event) => event.target === box.current && close()}>
       <header>
         <h2 id="help-title">Keys</h2>
         <label class="check">

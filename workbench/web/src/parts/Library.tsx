@@ -24,7 +24,7 @@ export function Library() {
     );
   });
   return (
-    <div class="library">
+    <div class="items-library">
       <NewItem />
       <div class="panel-tools">
         <input

@@ -1,6 +1,7 @@
 // A menu at an element: arrows, Home, End and first letters move in it, Escape and a click outside close it.
 import type { ComponentChildren, JSX } from 'preact';
-import { useEffect, useLayoutEffect, useRef } from 'preact/hooks';
+import { useLayoutEffect, useRef } from 'preact/hooks';
+import { onEscape } from '../escape';
 
 export interface MenuItem {
   label: string;
@@ -51,7 +52,8 @@ export function Menu({ label, entries, anchor, head, takeFocus = true, beside, c
       if (menu.current?.contains(document.activeElement) || document.activeElement === document.body) before?.focus();
     };
   }, [anchor]);
-  useEffect(() => {
+  useLayoutEffect(() => onEscape(close), [close]);
+  useLayoutEffect(() => {
     const outside = (event: PointerEvent) => {
       const target = event.target as Node;
       if (!menu.current?.contains(target) && !anchor.contains(target)) close();
@@ -72,7 +74,6 @@ export function Menu({ label, entries, anchor, head, takeFocus = true, beside, c
     else if (event.key === 'ArrowUp') to(now - 1);
     else if (event.key === 'Home') to(0);
     else if (event.key === 'End') to(-1);
-    else if (event.key === 'Escape') close();
     else if (event.key === 'Tab') close();
     else if (/^[a-z]$/i.test(event.key) && !event.ctrlKey && !event.altKey && !event.metaKey) {
       const letter = event.key.toLowerCase();

@@ -1,12 +1,15 @@
 // Reaches everything by name: what the page does, and every command of the workbench with its arguments.
 import { useComputed, useSignal } from '@preact/signals';
-import { useEffect, useRef } from 'preact/hooks';
+import { useRef } from 'preact/hooks';
 import { loadShow, setPage, setPageSize, setReleaseOnPlay } from '../actions';
 import { ACTIONS } from '../keys';
 import { quietly, reasonOf } from '../link';
 import type { Command } from '../protocol';
+import { rendered } from '../rendered';
 import { commands, layout, show } from '../state';
+import { keysWaitFor } from '../typeahead';
 import { overlay } from '../ui';
+import { useModal } from './modal';
 
 interface Entry {
   title: string;
@@ -48,7 +51,8 @@ function pageEntries(close: () => void): Entry[] {
     keys,
     choose() {
       close();
-      void act();
+      // First the focus goes back to where it was, which many of them act on.
+      keysWaitFor(rendered().then(act));
     },
   });
   const { pages, shows, page, name } = show.value;
@@ -65,20 +69,12 @@ function pageEntries(close: () => void): Entry[] {
 }
 
 export function Palette() {
-  const box = useRef<HTMLDialogElement>(null);
   const field = useRef<HTMLInputElement>(null);
   const text = useSignal('');
   const current = useSignal(0);
   const outcome = useSignal<Outcome | null>(null);
   const close = () => (overlay.value = 'none');
-
-  useEffect(() => {
-    const before = document.activeElement as HTMLElement | null;
-    box.current!.showModal();
-    return () => {
-      if (document.activeElement === document.body) before?.focus();
-    };
-  }, []);
+  const box = useModal(close);
 
   const complete = (command: Command) => {
     text.value = `${command.name} `;
@@ -127,7 +123,7 @@ export function Palette() {
   };
 
   return (
-    <dialog ref={box} class="palette" aria-label="Any command" onCancel={close} onClick={(event) => event.target === box.current && close()}>
+    <dialog ref={box} class="palette" aria-label="Any command" onClick={(event) => event.target === box.current && close()}>
       <input
         ref={field}
         role="combobox"

@@ -1,6 +1,7 @@
 // The panels beside the screen: stacks of tabs, or a drawer where the screen is narrow.
 import type { Signal } from '@preact/signals';
 import type { JSX } from 'preact';
+import { rendered } from '../rendered';
 import { transport, stage } from '../state';
 import { drawer, lowerPanel, PANELS, upperPanel, type PanelName } from '../ui';
 import { EventList } from './EventList';
@@ -38,7 +39,7 @@ function Stack({ names, current, close }: Properties) {
     current.value = next;
     event.preventDefault();
     const tabs = event.currentTarget as HTMLElement;
-    requestAnimationFrame(() => tabs.querySelector<HTMLElement>('[aria-selected="true"]')?.focus());
+    void rendered().then(() => tabs.querySelector<HTMLElement>('[aria-selected="true"]')?.focus());
   };
   return (
     <section class="panel" data-panel={shown} aria-label={shown}>

@@ -1,7 +1,7 @@
 // One button of the screen. In bump mode it is pressed and released as the pointer or the key is, and released
 // whenever the hold is lost; a press of another one would say nothing and is not sent.
 import { useSignal } from '@preact/signals';
-import { useEffect, useRef } from 'preact/hooks';
+import { useLayoutEffect, useRef } from 'preact/hooks';
 import { choose, click, describe, placing, press, release, type Pointer } from '../actions';
 import type { FilledSlot, Slot } from '../protocol';
 import { edit, groupName, isFilled, meantControls } from '../state';
@@ -29,8 +29,8 @@ function useHold(control: number | null) {
     held.value = null;
   };
   // Another button in the same place, or none: the hold was of the one before.
-  useEffect(() => letGo, [control]);
-  useEffect(() => {
+  useLayoutEffect(() => letGo, [control]);
+  useLayoutEffect(() => {
     const hidden = () => document.visibilityState === 'hidden' && letGo();
     window.addEventListener('blur', letGo);
     document.addEventListener('visibilitychange', hidden);

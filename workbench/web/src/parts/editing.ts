@@ -34,14 +34,14 @@ function focusedControl(): { control: number; name: string; fader: string | unde
   return { control: slot.control, name: slot.name, fader: slot.fader };
 }
 
-export function editFocused(command: EditCommand): void {
+export async function editFocused(command: EditCommand): Promise<void> {
   const at = focusedControl();
-  if (at) void editAt(at.control, command);
+  if (at) await editAt(at.control, command);
 }
 
-export function chooseFocused(): void {
+export async function chooseFocused(): Promise<void> {
   const at = focusedControl();
-  if (at) void choose(at.control);
+  if (at) await choose(at.control);
 }
 
 export async function deleteFocused(): Promise<void> {
@@ -49,11 +49,11 @@ export async function deleteFocused(): Promise<void> {
   if (at && (await choose(at.control))) await deleteOpen(at.name);
 }
 
-export function nextFaderMode(): void {
+export async function nextFaderMode(): Promise<void> {
   const at = focusedControl();
   if (!at) return;
   const now = FADER_MODES.findIndex((mode) => mode === at.fader);
-  void editAt(at.control, FADER_MODES[(now + 1) % FADER_MODES.length]!);
+  await editAt(at.control, FADER_MODES[(now + 1) % FADER_MODES.length]!);
 }
 
 export async function deleteOpen(name: string): Promise<void> {

@@ -1,5 +1,6 @@
 // The button that was found last, marked on the screen for a moment.
 import { signal } from '@preact/signals';
+import { rendered } from '../rendered';
 import { focusSlot } from './focus';
 
 const MARKED_FOR = 2500;
@@ -14,5 +15,5 @@ export function markFound(group: number, index: number): void {
   found.value = { group, index };
   clearTimeout(timer);
   timer = window.setTimeout(() => (found.value = null), MARKED_FOR);
-  requestAnimationFrame(() => focusSlot(group, { index }));
+  void rendered().then(() => focusSlot(group, { index }));
 }
