@@ -2,7 +2,7 @@
 import { say } from './announce';
 import { attempt, connection, run, sendOrWarn } from './link';
 import type { FaderMode, FoundButton, ItemType, Slot } from './protocol';
-import { edit, groups, isFilled, layout, show, slotAt, transport } from './state';
+import { edit, groups, isFilled, show, transport } from './state';
 
 export function quote(text: string): string {
   return `"${text.replaceAll('"', '""')}"`;
@@ -172,14 +172,6 @@ export function describe(slot: Slot | undefined): string {
   if (slot.on) parts.push(`playing at ${slot.level ?? 0} percent`);
   if (slot.highlight) parts.push('next on go');
   return parts.filter(Boolean).join(', ');
-}
-
-export function describeAt(group: number, index: number): string {
-  return describe(slotAt(group, index));
-}
-
-export function pageSizes(): number[] {
-  return layout.value.sizes;
 }
 
 // ---- Multi files

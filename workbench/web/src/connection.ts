@@ -24,8 +24,6 @@ const SILENCE = 5000;
 const WAITS = [200, 400, 800, 1500, 2500];
 
 export const connectionStatus = signal<'connecting' | 'open' | 'lost'>('connecting');
-// When the connection is tried again, on performance.now()'s clock.
-export const retryAt = signal(0);
 
 export class Connection {
   private socket: WebSocket | null = null;
@@ -131,7 +129,6 @@ export class Connection {
     for (const { reject } of this.waiting.values()) reject(new NotConnected());
     this.waiting.clear();
     const wait = WAITS[Math.min(this.attempts++, WAITS.length - 1)]!;
-    retryAt.value = performance.now() + wait;
     this.retryTimer = window.setTimeout(() => this.open(), wait);
     if (connectionStatus.value !== 'lost') {
       connectionStatus.value = 'lost';

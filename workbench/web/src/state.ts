@@ -107,13 +107,6 @@ export function slotAt(group: number, index: number): Slot | undefined {
   return groups[group]?.peek().slots.find((slot) => slot.index === index);
 }
 
-export function groupOfControl(control: number): number {
-  for (const group of groups) {
-    if (group.peek().slots.some((slot) => slot.control === control)) return group.peek().group;
-  }
-  return -1;
-}
-
 export function groupName(group: number): string {
   if (group === 0) return 'Top buttons';
   return group === 9 ? 'Bump buttons' : `Group ${group}`;

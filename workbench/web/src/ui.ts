@@ -67,12 +67,6 @@ export function toggleTheme(): void {
   localStorage.setItem('theme', theme.value);
 }
 
-// Whether a panel is on the screen.
-export function panelShown(name: PanelName): boolean {
-  if (!wide.value) return drawer.value === name;
-  return name === 'Surface' || upperPanel.value === name || lowerPanel.value === name;
-}
-
 export function showPanel(name: PanelName): void {
   if (!wide.peek()) drawer.value = name;
   else if (name === 'Log' || name === 'Events') lowerPanel.value = name;
