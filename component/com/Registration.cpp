@@ -156,7 +156,8 @@ HRESULT RegisterModule() noexcept {
   return InResult([] {
     const auto values = RegistrationValues(ModulePath());
     const LONG code = WriteAll(HKEY_LOCAL_MACHINE, values);
-    if (code == ERROR_SUCCESS) return code;
+    // What the user registered earlier would go before the machine's.
+    if (code == ERROR_SUCCESS) return RemoveAll(HKEY_CURRENT_USER, values);
     RemoveAll(HKEY_LOCAL_MACHINE, values);
     return WriteAll(HKEY_CURRENT_USER, values);
   });

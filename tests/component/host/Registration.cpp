@@ -220,6 +220,19 @@ void ForTheUser(const Snapshot& machine, const Snapshot& user, int allowed) {
   CheckSame(user, ClassesSnapshot(HKEY_CURRENT_USER), "unregistered from the user");
 }
 
+// The machine's registration takes the place of what the user registered before, which would go before it.
+void AfterTheUser(const Snapshot& machine, const Snapshot& user) {
+  keysAllowed = 0;
+  CHECK_EQ(CallEntry("DllRegisterServer"), S_OK);
+  CHECK(ClassesText(HKEY_CURRENT_USER, L"Vestrel.clsButton\\CLSID") != L"(none)");
+  keysAllowed = 1 << 30;
+  CHECK_EQ(CallEntry("DllRegisterServer"), S_OK);
+  CheckSame(user, ClassesSnapshot(HKEY_CURRENT_USER), "the user's registration has gone");
+  CheckAdded(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), ExpectEverything(HKEY_LOCAL_MACHINE));
+  CHECK_EQ(CallEntry("DllUnregisterServer"), S_OK);
+  CheckSame(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), "unregistered from the machine again");
+}
+
 // Nothing is registered: the manifest alone tells.
 void Unregistered(const wchar_t* manifest) {
   ACTCTXW description{};
@@ -231,6 +244,7 @@ void Unregistered(const wchar_t* manifest) {
   if (context == INVALID_HANDLE_VALUE || !ActivateActCtx(context, &cookie)) return;
   CHECK(Creates(L"Vestrel.clsObjectList"));
   CHECK(Creates(L"Vestrel.clsButtonGroupController"));
+  CHECK(Creates(L"Vestrel.clsObjectList.1"));
   auto list = New<clsObjectList, _clsObjectList>();
   CHECK(static_cast<bool>(list));
   auto item = New<clsLong, _clsLong>().As<IDispatch>();
@@ -260,6 +274,7 @@ int Run(const wchar_t* path, const wchar_t* manifest) {
   if (createKey != nullptr) {
     ForTheUser(machine, user, 0);
     ForTheUser(machine, user, 100);
+    AfterTheUser(machine, user);
   }
   return Totals("registration");
 }
