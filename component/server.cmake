@@ -113,5 +113,5 @@ set_target_properties(vestrel_server PROPERTIES
   OUTPUT_NAME Vestrel PREFIX "" RUNTIME_OUTPUT_DIRECTORY "${output}" ARCHIVE_OUTPUT_DIRECTORY "${work}")
 # Texts of the system and of the library are the same 16-bit units under two names.
 target_compile_options(vestrel_server PRIVATE -fno-strict-aliasing)
-target_link_options(vestrel_server PRIVATE -Wl,--enable-stdcall-fixup)
+target_link_options(vestrel_server PRIVATE -Wl,--enable-stdcall-fixup -Wl,--wrap=__cxa_thread_atexit)
 target_link_libraries(vestrel_server PRIVATE vestrel_component ole32 oleaut32 uuid advapi32)

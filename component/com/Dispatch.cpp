@@ -7,9 +7,9 @@
 
 #include "component/com/AutoVariant.h"
 #include "component/com/Failure.h"
+#include "component/com/KeptWrapper.h"
 #include "component/com/TypeInformation.h"
 #include "component/com/Values.h"
-#include "component/com/Wrapper.h"
 
 namespace vestrel::component {
 namespace {
@@ -157,7 +157,10 @@ class LateCall final : public Call {
     }
   }
   void Convert(int index, VARTYPE type, AutoVariant& result) {
-    Read(index, [&](const VARIANT& value) { component::Convert(value, type, result); });
+    const bool comesBack = operation_.parameters[static_cast<std::size_t>(index)].direction != Direction::In;
+    Read(index, [&](const VARIANT& value) {
+      comesBack ? ConvertHeld(value, type, result) : component::Convert(value, type, result);
+    });
   }
 
   template <class Fill>
@@ -194,19 +197,6 @@ Kind KindOf(WORD flags) noexcept {
   return (flags & DISPATCH_PROPERTYPUTREF) != 0 ? Kind::PutRef : Kind::Put;
 }
 
-// Whether a reference ends at a value. Variables that refer to each other in a circle have none.
-bool LeadsToAValue(const VARIANT& argument) noexcept {
-  constexpr int kDeepest = 16;
-  const VARIANT* value = &argument;
-  for (int depth = 0; depth < kDeepest; ++depth) {
-    if ((V_VT(value) & VT_BYREF) == 0) return true;
-    if (V_BYREF(value) == nullptr) return false;
-    if (V_VT(value) != (VT_BYREF | VT_VARIANT)) return true;
-    value = V_VARIANTREF(value);
-  }
-  return false;
-}
-
 bool AreWellFormed(const DISPPARAMS& parameters) noexcept {
   if (parameters.cNamedArgs > parameters.cArgs) return false;
   if (parameters.cNamedArgs != 0 && parameters.rgdispidNamedArgs == nullptr) return false;
@@ -215,8 +205,7 @@ bool AreWellFormed(const DISPPARAMS& parameters) noexcept {
 }
 
 void Invoke(const Face& face, int slot, LateCall& call) {
-  // A callback may let go of the wrapper.
-  const Ref<Object> keep(&face.owner->core());
+  const KeptWrapper keep(*face.owner);
   InvokeSlot(*face.faceClass->info, slot, face.self, call);
 }
 

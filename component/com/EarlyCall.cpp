@@ -3,9 +3,9 @@
 #include "component/com/FaderRecord.h"
 #include "component/com/Failure.h"
 #include "component/com/HostObject.h"
+#include "component/com/KeptWrapper.h"
 #include "component/com/SafeArrays.h"
 #include "component/com/Values.h"
-#include "component/com/Wrapper.h"
 
 namespace vestrel::component {
 
@@ -13,7 +13,10 @@ bool EarlyCall::Given(int index) const {
   const void* argument = arguments_[index];
   if (argument == nullptr) return false;
   const bool dynamic = operation_.parameters[static_cast<std::size_t>(index)].type.type == ValueType::Dynamic;
-  return !dynamic || !IsOmitted(*static_cast<const VARIANT*>(argument));
+  if (!dynamic) return true;
+  const auto& value = *static_cast<const VARIANT*>(argument);
+  if (!LeadsToAValue(value)) throw ComFailure{E_INVALIDARG};
+  return !IsOmitted(value);
 }
 
 bool EarlyCall::ReadBoolean(int index) {
@@ -129,8 +132,7 @@ HRESULT CallThroughTable(const Face& face, int slot, void* const* arguments, voi
   const Operation& operation = info.description->slots()[static_cast<std::size_t>(slot)].operation;
   if (operation.result.type != ValueType::None && result == nullptr) return E_POINTER;
   return Guarded([&] {
-    // A callback may let go of the wrapper.
-    const Ref<Object> keep(&face.owner->core());
+    const KeptWrapper keep(*face.owner);
     EarlyCall call(operation, arguments, result);
     call.EmptyResult();
     InvokeSlot(info, slot, face.self, call);

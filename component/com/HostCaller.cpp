@@ -3,6 +3,7 @@
 #include <string>
 
 #include "component/com/Failure.h"
+#include "component/com/Values.h"
 
 namespace vestrel::component {
 namespace {
@@ -43,6 +44,9 @@ void HostCaller::Invoke(DISPID id, WORD flags, VARIANT* reversed, UINT count, VA
                                  : plain_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
                                                   result, &information, &argument);
   if (FAILED(code)) RaiseHostFailure(code, information);
+  if (result == nullptr || LeadsToAValue(*result)) return;
+  V_VT(result) = VT_EMPTY;  // nothing of it is owned
+  RaiseHostFailure(DISP_E_TYPEMISMATCH);
 }
 
 }  // namespace vestrel::component

@@ -189,24 +189,30 @@ void OutgoingCall::RunByName() {
                        hasResult ? &result_ : nullptr);
 }
 
+void OutgoingCall::ConvertResult(VARTYPE type, AutoVariant& converted) {
+  // Script hosts answer null where they have nothing to say, as for a dialogue that was cancelled.
+  if (V_VT(&Referred(result_)) == VT_NULL) Clear(result_);
+  Convert(result_, type, converted);
+}
+
 template <>
 bool OutgoingCall::Result<bool>() {
   AutoVariant converted;
-  Convert(result_, VT_BOOL, converted);
+  ConvertResult(VT_BOOL, converted);
   return V_BOOL(&converted) != VARIANT_FALSE;
 }
 
 template <>
 std::int32_t OutgoingCall::Result<std::int32_t>() {
   AutoVariant converted;
-  Convert(result_, VT_I4, converted);
+  ConvertResult(VT_I4, converted);
   return V_I4(&converted);
 }
 
 template <>
 std::u16string OutgoingCall::Result<std::u16string>() {
   AutoVariant converted;
-  Convert(result_, VT_BSTR, converted);
+  ConvertResult(VT_BSTR, converted);
   return std::u16string(ViewOf(V_BSTR(&converted)));
 }
 

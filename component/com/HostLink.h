@@ -68,6 +68,7 @@ class OutgoingCall {
   const Operation& operation() const;
   void RunThroughTable();
   void RunByName();
+  void ConvertResult(VARTYPE type, AutoVariant& converted);
 
   const HostLink& link_;
   int slot_;

@@ -38,3 +38,14 @@ bool ModuleIsIdle() noexcept {
 }
 
 }  // namespace vestrel::component
+
+// The linker leads every registration of a destructor for a thread's own value here. It runs when the thread
+// ends, and then the runtime lets go of the module from within: where that was the last hold on it, nothing
+// would be left to return to. So a module with such values stays.
+extern "C" int __real___cxa_thread_atexit(void* destructor, void* value, void* module);
+extern "C" int __wrap___cxa_thread_atexit(void* destructor, void* value, void* module) {
+  HMODULE pinned = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                     reinterpret_cast<LPCWSTR>(vestrel::component::moduleInstance), &pinned);
+  return __real___cxa_thread_atexit(destructor, value, module);
+}

@@ -30,11 +30,15 @@ VARTYPE ElementType(SAFEARRAY* array) {
   return type;
 }
 
-// A reference to the element, so that what it refers to is neither copied nor counted.
+// A reference to the element, so that what it refers to is neither copied nor counted. Records do not
+// convert; an element that leads to no value is refused like an argument that does not.
 class Element {
  public:
-  Element(SAFEARRAY* array, LONG index) : array_(array), type_(ElementType(array)) {
+  Element(SAFEARRAY* array, LONG index) : type_(ElementType(array)) {
     Check(SafeArrayPtrOfIndex(array, &index, &data_));
+    const bool fits =
+        type_ == VT_VARIANT ? LeadsToAValue(*static_cast<const VARIANT*>(data_)) : type_ != VT_RECORD;
+    if (!fits) throw ComFailure{DISP_E_TYPEMISMATCH};
   }
   // The element as a value of its own.
   const VARIANT& Value() {
@@ -57,7 +61,6 @@ class Element {
   }
 
  private:
-  SAFEARRAY* array_;
   VARTYPE type_;
   void* data_ = nullptr;
   AutoVariant copy_;

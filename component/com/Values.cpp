@@ -11,6 +11,8 @@
 #include "component/com/Wrapper.h"
 #include "core/Cast.h"
 #include "core/HasValue.h"
+#include "core/clsLong.h"
+#include "core/clsString.h"
 
 namespace vestrel::component {
 namespace {
@@ -99,7 +101,7 @@ SAFEARRAY* ArrayIn(const VARIANT& value) noexcept {
 }
 
 bool IsFaderRecord(const VARIANT& value) {
-  return (V_VT(&value) & VT_TYPEMASK) == VT_RECORD && V_RECORD(&value) != nullptr &&
+  return (V_VT(&value) & ~VT_BYREF) == VT_RECORD && V_RECORD(&value) != nullptr &&
          V_RECORDINFO(&value) != nullptr;
 }
 
@@ -116,9 +118,9 @@ FaderRecord& RecordIn(const VARIANT& value) {
 class ScriptFaders {
  public:
   explicit ScriptFaders(IUnknown* object)
-      : host_(object), group_(host_.Find(u"GroupFaders")), bump_(host_.Find(u"BumpFaders")) {
-    if (group_ == DISPID_UNKNOWN || bump_ == DISPID_UNKNOWN) throw ComFailure{DISP_E_TYPEMISMATCH};
-  }
+      : host_(object), group_(host_.Find(u"GroupFaders")), bump_(host_.Find(u"BumpFaders")) {}
+
+  bool Exist() const noexcept { return group_ != DISPID_UNKNOWN && bump_ != DISPID_UNKNOWN; }
 
   TUIFaderValues Read() const {
     TUIFaderValues result;
@@ -159,25 +161,65 @@ class ScriptFaders {
   DISPID bump_;
 };
 
-void PutValueProperty(IUnknown* object, VARIANT& value) {
-  if (object == nullptr || Wrapper::CoreOf(object) != nullptr) return;
-  const HostCaller host(object);
-  if (!host) return;
-  if (const DISPID id = host.Find(kValueProperty); id != DISPID_UNKNOWN) {
-    host.Invoke(id, DISPATCH_PROPERTYPUT, &value, 1, nullptr);
-    return;
-  }
-  // An object that grows its properties as they are set.
+// The property "value" of an object that grows its properties as they are set; DISPID_UNKNOWN for any other.
+DISPID AddValueProperty(IUnknown* object) {
   const auto extended = Ask<IDispatchEx>(object, __uuidof(IDispatchEx));
+  if (!extended) return DISPID_UNKNOWN;
   BSTR name = NewText(kValueProperty);
   DISPID id = DISPID_UNKNOWN;
-  const bool added =
-      extended && SUCCEEDED(extended->GetDispID(name, fdexNameEnsure | fdexNameCaseSensitive, &id));
+  const HRESULT code = extended->GetDispID(name, fdexNameEnsure | fdexNameCaseSensitive, &id);
   SysFreeString(name);
-  if (added) host.Invoke(id, DISPATCH_PROPERTYPUT, &value, 1, nullptr);
+  return SUCCEEDED(code) ? id : DISPID_UNKNOWN;
+}
+
+// Into one of the library's own boxes.
+void PutIntoBox(Object& object, const VARIANT& value) {
+  if (IsObject(value)) return;
+  AutoVariant converted;
+  if (auto* number = TryCast<clsLong>(&object)) {
+    Convert(value, VT_I4, converted);
+    number->SetValue(V_I4(&converted));
+  } else if (auto* text = TryCast<clsString>(&object)) {
+    Convert(value, VT_BSTR, converted);
+    text->SetValue(ViewOf(V_BSTR(&converted)));
+  }
+}
+
+void PutValueProperty(IUnknown* object, VARIANT& value) {
+  if (object == nullptr) return;
+  if (Object* own = Wrapper::CoreOf(object)) return PutIntoBox(*own, value);
+  const HostCaller host(object);
+  if (!host) return;
+  DISPID id = host.Find(kValueProperty);
+  if (id == DISPID_UNKNOWN) id = AddValueProperty(object);
+  if (id != DISPID_UNKNOWN) host.Invoke(id, DISPATCH_PROPERTYPUT, &value, 1, nullptr);
+}
+
+// What a host's object that is passed in the place of a variable holds in its property "value"; nothing where
+// it has none yet but takes one. False for an object that does neither.
+bool ReadHeld(IUnknown* object, AutoVariant& held) {
+  const HostCaller host(object);
+  const DISPID id = host.Find(kValueProperty);
+  if (id == DISPID_UNKNOWN) return AddValueProperty(object) != DISPID_UNKNOWN;
+  host.Invoke(id, DISPATCH_PROPERTYGET, nullptr, 0, &held);
+  return true;
 }
 
 }  // namespace
+
+bool LeadsToAValue(const VARIANT& value) noexcept {
+  constexpr int kDeepest = 16;
+  const VARIANT* end = &value;
+  for (int depth = 0; depth < kDeepest; ++depth) {
+    const VARTYPE type = V_VT(end);
+    if ((type & ~VT_BYREF) == VT_RECORD && V_RECORDINFO(end) == nullptr) return false;
+    if ((type & VT_BYREF) == 0) return true;
+    if (V_BYREF(end) == nullptr) return false;
+    if (type != (VT_BYREF | VT_VARIANT)) return true;
+    end = V_VARIANTREF(end);
+  }
+  return false;
+}
 
 const VARIANT& Referred(const VARIANT& value) noexcept {
   const VARIANT* result = &value;
@@ -206,6 +248,14 @@ void Convert(const VARIANT& value, VARTYPE type, AutoVariant& result) {
   Check(VariantChangeTypeEx(&result, const_cast<VARIANT*>(source), kLocale, VARIANT_ALPHABOOL, type));
 }
 
+void ConvertHeld(const VARIANT& value, VARTYPE type, AutoVariant& result) {
+  const bool host = IsObject(value) && PointerOf(value) != nullptr && !Wrapper::CoreOf(PointerOf(value));
+  AutoVariant held;
+  if (!host || !ReadHeld(PointerOf(value), held)) return Convert(value, type, result);
+  if (IsObject(held)) throw ComFailure{DISP_E_TYPEMISMATCH};
+  Convert(held, type, result);
+}
+
 Ref<Object> ToObject(const VARIANT& value) {
   const VARIANT& referred = Referred(value);
   switch (V_VT(&referred)) {
@@ -228,12 +278,8 @@ Ref<Object> ToObjectOrHeld(const VARIANT& value, std::string_view className) {
   const auto* host = TryCast<HostReference>(object.get());
   if (host == nullptr || className.empty()) return object;
   if (object->Query(FindFaceClass(className)->info->key) != nullptr) return object;
-  const HostCaller holder(host->identity.get());
-  const DISPID id = holder.Find(kValueProperty);
-  if (id == DISPID_UNKNOWN) return object;
   AutoVariant held;
-  holder.Invoke(id, DISPATCH_PROPERTYGET, nullptr, 0, &held);
-  return ToObject(held);
+  return ReadHeld(host->identity.get(), held) ? ToObject(held) : object;
 }
 
 Variant ToDynamic(const VARIANT& value) {
@@ -287,7 +333,13 @@ TUIFaderValues ToFaderValues(const VARIANT& value) {
   if (auto* faders = TryCast<UIFaderValues>(object.get())) return faders->values;
   const auto* host = TryCast<HostReference>(object.get());
   if (host == nullptr) throw ComFailure{DISP_E_TYPEMISMATCH};
-  return ScriptFaders(host->identity.get()).Read();
+  const ScriptFaders faders(host->identity.get());
+  if (faders.Exist()) return faders.Read();
+  AutoVariant held;
+  if (!ReadHeld(host->identity.get(), held)) throw ComFailure{DISP_E_TYPEMISMATCH};
+  const Ref<Object> inside = ToObject(held);
+  if (!inside) return {};
+  return Cast<UIFaderValues>(inside.get()).values;
 }
 
 void Assign(VARIANT& target, const Variant& value) {
@@ -403,17 +455,21 @@ void StoreBackFaderValues(VARIANT& argument, const TUIFaderValues& value) {
     return;
   }
   const Ref<Object> object = ToObject(referred);
-  if (auto* faders = TryCast<UIFaderValues>(object.get())) {
-    faders->values = value;
-  } else if (object) {
-    ScriptFaders(Cast<HostReference>(object.get()).identity.get()).Write(value);
-  } else {
-    auto made = MakeRef<UIFaderValues>();
-    made->values = value;
-    AutoVariant result;
-    AssignObject(result, made.get());
-    StoreBack(argument, result);
+  if (auto* own = TryCast<UIFaderValues>(object.get())) {
+    own->values = value;
+    return;
   }
+  const auto* host = TryCast<HostReference>(object.get());
+  if (host != nullptr) {
+    const ScriptFaders faders(host->identity.get());
+    if (faders.Exist()) return faders.Write(value);
+  }
+  auto made = MakeRef<UIFaderValues>();
+  made->values = value;
+  AutoVariant result;
+  AssignObject(result, made.get());
+  if (host != nullptr) return PutValueProperty(host->identity.get(), result);
+  StoreBack(argument, result);
 }
 
 }  // namespace vestrel::component

@@ -128,6 +128,7 @@ Wrapper::Wrapper(Object& object, const FaceClass& faceClass) : core_(&object) {
 }
 
 Wrapper::~Wrapper() {
+  core_ = {};  // which may call back
   --count;
 }
 

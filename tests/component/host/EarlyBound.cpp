@@ -260,6 +260,34 @@ void HostObjects() {
   CHECK_EQ(light.references, 1UL);
 }
 
+// Variables that refer to nothing and to themselves, as values and as elements of an array.
+void VariantsThatLeadNowhere() {
+  auto list = ListOf({1});
+  const auto comparable = Box(1).As<_IComparable>();
+  const auto helper = New<VestrelStatic, _VestrelStatic>();
+  VARIANT nothing;
+  V_VT(&nothing) = VT_BYREF | VT_I4;
+  V_I4REF(&nothing) = nullptr;
+  VARIANT circle;
+  V_VT(&circle) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&circle) = &circle;
+  for (VARIANT* bad : {&nothing, &circle}) {
+    LONG at = -5;
+    Text joined;
+    CHECK_EQ(list->FindFieldValue(Text(L"all").by(), bad, &at), E_INVALIDARG);
+    CHECK_EQ(comparable->FieldCompare(Text(L"all").by(), bad, &at), E_INVALIDARG);
+    CHECK_EQ(list->JoinStrings(Text(L"-").by(), bad, joined.out()), E_INVALIDARG);
+    SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, 1);
+    auto& element = *static_cast<VARIANT*>(array->pvData);
+    element = *bad;
+    if (bad == &circle) V_VARIANTREF(&element) = &element;
+    Pointer<_clsObjectList> made;
+    CHECK_EQ(helper->StringListFrom(&array, made.out()), DISP_E_TYPEMISMATCH);
+    CHECK(!made);
+    SafeArrayDestroy(array);
+  }
+}
+
 void ExtendedFirst() {
   ExtendedPredicate predicate;
   auto list = ListOf({1, 2});
@@ -371,6 +399,22 @@ struct Stage {
                                       nullptr, nullptr, nullptr);
   }
 };
+
+// Numbers 0 and 1 are failures like any other.
+void LowNumbers(Stage& stage) {
+  CHECK_EQ(
+      stage.controller->assignButton(By(LONG{10}), By(LONG{1}), Text(L"x").by(), By(ButtonType_Sequence)),
+      kNumbered);
+  Raised raised = TakeRaised();
+  CHECK_EQ(raised.source, L"clsButtonGroupController");
+  CHECK_EQ(raised.description, L"10 - invalid group: clsButtonGroupController.assignButton()");
+  CHECK_EQ(
+      stage.controller->assignButton(By(LONG{2}), By(LONG{41}), Text(L"x").by(), By(ButtonType_Sequence)),
+      kNumbered + 1);
+  raised = TakeRaised();
+  CHECK_EQ(raised.source, L"clsButtonGroupController");
+  CHECK_EQ(raised.description, L"41 - invalid buttonIndex: clsButtonGroupController.assignButton()");
+}
 
 void Clicks(Stage& stage) {
   WORKS(stage.Click(33));
@@ -526,6 +570,7 @@ void Shows() {
   Faders(stage);
   FadersByName(stage);
   FailingCallbacks(stage);
+  LowNumbers(stage);
   Recording(stage);
   WORKS(stage.controller->formShutdown());
   CHECK_EQ(stage.form.lateCalls + stage.lamps.lateCalls + stage.bar.lateCalls, 0);
@@ -541,6 +586,7 @@ int Run(const wchar_t* folder) {
   WORKS((New<VestrelStatic, _VestrelStatic>()->Init(Text(dataFolder + L"\\log.txt").by())));
   Lists();
   HostObjects();
+  VariantsThatLeadNowhere();
   ExtendedFirst();
   Identity();
   Failures();

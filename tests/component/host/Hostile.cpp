@@ -167,6 +167,82 @@ void ReferencesThatLeadNowhere(const std::vector<Class>& classes) {
   }
 }
 
+// Arrays of two whose last element leads to no value. They are borrowed as they are: a copy would be refused.
+class BadArrays {
+ public:
+  explicit BadArrays(const wchar_t* path) {
+    VARIANT& nothing = LastOf(0);
+    V_VT(&nothing) = VT_BYREF | VT_I4;
+    V_I4REF(&nothing) = nullptr;
+    VARIANT& circle = LastOf(1);
+    V_VT(&circle) = VT_BYREF | VT_VARIANT;
+    V_VARIANTREF(&circle) = &circle;
+    VARIANT& record = LastOf(2);
+    V_VT(&record) = VT_BYREF | VT_RECORD;
+    V_RECORD(&record) = &record;
+    V_RECORDINFO(&record) = nullptr;
+    V_VT(&values_[3]) = VT_ARRAY | VT_RECORD;
+    V_ARRAY(&values_[3]) = SafeArrayCreateVectorEx(VT_RECORD, 0, 2, RecordOf(path).get());
+  }
+  BadArrays(const BadArrays&) = delete;
+  BadArrays& operator=(const BadArrays&) = delete;
+  ~BadArrays() {
+    for (VARIANT& value : values_) SafeArrayDestroy(V_ARRAY(&value));
+  }
+
+  std::array<VARIANT, 4>& values() { return values_; }
+
+ private:
+  static Pointer<IRecordInfo> RecordOf(const wchar_t* path) {
+    Pointer<ITypeLib> library;
+    Pointer<ITypeInfo> type;
+    Pointer<IRecordInfo> result;
+    MEMBERID member = 0;
+    USHORT found = 1;
+    LoadTypeLibEx(path, REGKIND_NONE, library.out());
+    library->FindName(Text(L"TUIFaderValues").get(), 0, type.out(), &member, &found);
+    GetRecordInfoFromTypeInfo(type.get(), result.out());
+    return result;
+  }
+  VARIANT& LastOf(std::size_t which) {
+    SAFEARRAY* array = SafeArrayCreateVector(VT_VARIANT, 0, 2);
+    V_VT(&values_[which]) = VT_ARRAY | VT_VARIANT;
+    V_ARRAY(&values_[which]) = array;
+    return static_cast<VARIANT*>(array->pvData)[1];
+  }
+
+  std::array<VARIANT, 4> values_;
+};
+
+DISPID IdOf(const Value& object, const wchar_t* name) {
+  DISPID id = DISPID_UNKNOWN;
+  auto* text = const_cast<LPOLESTR>(name);
+  object.object()->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id);
+  return id;
+}
+
+void ArraysThatLeadNowhere(const std::vector<Class>& classes, const wchar_t* path) {
+  BadArrays arrays(path);
+  const Value helper = Create(L"VestrelStatic");
+  const Value capture = Create(L"clsFormatCapture");
+  Call(capture, L"DoMatch", {L"#:#", L"1:2"});
+  for (VARIANT& array : arrays.values()) {
+    CHECK(V_ARRAY(&array) != nullptr);
+    std::vector<VARIANT> one{array};
+    const Member fromArray{IdOf(helper, L"StringListFrom"), DISPATCH_METHOD, 1, 1};
+    CHECK_EQ(Invoke(helper, fromArray, one), DISP_E_TYPEMISMATCH);
+    const Member intoArray{IdOf(capture, L"ParseItems"), DISPATCH_METHOD, 1, 1};
+    CHECK_EQ(Invoke(capture, intoArray, one), DISP_E_TYPEMISMATCH);
+    for (const Class& tried : classes) {
+      const Value object = Make(tried);
+      for (const Member& member : tried.members) {
+        std::vector<VARIANT> everywhere(member.parameters, array);
+        Invoke(object, member, everywhere);
+      }
+    }
+  }
+}
+
 // Each value in every place, as itself and by reference; the object as its own argument.
 void OddArguments(const std::vector<Class>& classes) {
   OddValues odd;
@@ -298,10 +374,12 @@ int Run(const wchar_t* path, int rounds) {
   CHECK(TurnAside(LoadLibraryW(path), "MessageBoxW", reinterpret_cast<void*>(&NoMessageBox)) != nullptr);
   const std::vector<Class> classes = ReadClasses(path);
   CHECK_EQ(classes.size(), std::size_t{38});
+  door = &LateBound();
   for (const Class& found : classes) CHECK(!found.members.empty());
   WrongCounts(classes);
   OddDoors(classes);
   ReferencesThatLeadNowhere(classes);
+  ArraysThatLeadNowhere(classes, path);
   OddArguments(classes);
   RandomCalls(classes, rounds);
   return Totals("hostile calls");

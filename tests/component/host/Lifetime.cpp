@@ -96,9 +96,9 @@ struct Stage {
   }
 };
 
-void ManyShows() {
+void ManyShows(int count) {
   Stage stage;
-  for (int i = 0; i < 100; ++i) stage.NewShow();
+  for (int i = 0; i < count; ++i) stage.NewShow();
   CHECK_EQ(MayUnload(), S_FALSE);
   stage.controller = {};
   stage.recorder = {};
@@ -125,6 +125,7 @@ void LeftConnected() {
   button = {};
   CHECK_EQ(MayUnload(), S_OK);
   CHECK_EQ(stage.form.references, 1UL);
+  CHECK_EQ(stage.lamps.references, 1UL);
   CHECK_EQ(stage.bar.references, 1UL);
 }
 
@@ -234,6 +235,55 @@ void MadeElsewhere() {
   CHECK_EQ(crossing.size, 0L);
 }
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+// Does something when it is asked.
+class ActingPredicate final : public EarlyHost<_IObjectPredicate> {
+ public:
+  std::function<void()> action;
+  HRESULT STDMETHODCALLTYPE IsTrueFor(IDispatch** /*obj*/, VARIANT_BOOL* result) override {
+    action();
+    *result = VARIANT_TRUE;
+    return S_OK;
+  }
+};
+#pragma GCC diagnostic pop
+
+HRESULT AskByName(IDispatch* list, IDispatch* predicate) {
+  auto* name = const_cast<LPOLESTR>(L"FirstIndexWhere");
+  DISPID id = 0;
+  list->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  VARIANT argument;
+  V_VT(&argument) = VT_DISPATCH;
+  V_DISPATCH(&argument) = predicate;
+  DISPPARAMS parameters{&argument, nullptr, 1, 0};
+  return list->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                      nullptr);
+}
+
+// A callback lets go of the last object that the host holds. The call in progress still needs the module.
+void LetGoDuringACall() {
+  for (const bool byName : {false, true}) {
+    auto list = New<clsObjectList, _clsObjectList>();
+    ActingPredicate predicate;
+    HRESULT during = E_UNEXPECTED;
+    predicate.action = [&] {
+      list = {};
+      during = MayUnload();
+    };
+    // The host's own object: no object of the library's goes out with the call.
+    IDispatch* item = &predicate;
+    LONG at = -1;
+    CHECK_EQ(list->AddItem(&item, &at), S_OK);
+    _IObjectPredicate* where = &predicate;
+    _clsObjectList* called = list.get();
+    CHECK_EQ(byName ? AskByName(called, where) : called->FirstIndexWhere(&where, &at), S_OK);
+    CHECK_EQ(during, S_FALSE);
+    CHECK_EQ(MayUnload(), S_OK);
+    CHECK_EQ(predicate.references, 1UL);
+  }
+}
+
 void FreeUnused() {
   CHECK_EQ(MayUnload(), S_OK);
   CoFreeUnusedLibrariesEx(0, 0);
@@ -244,6 +294,25 @@ void Unloads() {
   Objects();
   FreeUnused();
   CHECK(GetModuleHandleW(L"Vestrel.dll") == nullptr);
+}
+
+DWORD WINAPI ShowsOfAThread(void* /*data*/) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  CHECK_EQ((New<VestrelStatic, _VestrelStatic>()->Init(Text(dataFolder + L"\\thread.txt").by())), S_OK);
+  ManyShows(10);
+  FreeUnused();
+  CoUninitialize();
+  return 0;
+}
+
+// A thread that opened a log ends, after COM let go of the module and before the process does. Its log is
+// closed by the module, which therefore stays.
+void AThreadEndsWithItsLog() {
+  WaitFor(CreateThread(nullptr, 0, ShowsOfAThread, nullptr, 0, nullptr));
+  FreeUnused();
+  CHECK(GetModuleHandleW(L"Vestrel.dll") != nullptr);
+  CHECK(DeleteFileW((dataFolder + L"\\thread.txt").c_str()) != FALSE);
+  HandedOutAgain();
 }
 
 // The log that a thread has opened is there as long as the thread, whatever becomes of the objects.
@@ -260,11 +329,13 @@ int Run(const wchar_t* folder) {
   dataFolder = folder;
   mainThread = GetCurrentThreadId();
   Unloads();
+  AThreadEndsWithItsLog();
   TheLogStays();
   HandedOutAgain();
   Locks();
-  ManyShows();
+  ManyShows(100);
   LeftConnected();
+  LetGoDuringACall();
   FromAnotherApartment(COINIT_APARTMENTTHREADED);
   FromAnotherApartment(COINIT_MULTITHREADED);
   MadeElsewhere();

@@ -42,6 +42,14 @@ Sub AnswersThatDoNotFit()
   Equal "a text that is a boolean", list.FirstIndexWhere(oracle), 0
   answer = 0
   Equal "a number that is a boolean", list.FirstIndexWhere(oracle), -1
+  answer = Null
+  Equal "Null is False", list.FirstIndexWhere(oracle), -1
+  list.SortInPlace oracle
+  Equal "and zero", list.Size(), 2
+  answer = Empty
+  Equal "Empty is False", list.FirstIndexWhere(oracle), -1
+  list.SortInPlace oracle
+  Equal "and zero", list.Size(), 2
   answer = 1
   list.SortInPlace oracle
   Equal "the list after all that", list.Size(), 2
@@ -75,4 +83,4 @@ End Sub
 
 AnswersThatDoNotFit
 VariablesAfterTheCall
-Totals "answers"
+Totals "answers", 20

@@ -20,6 +20,11 @@ function lists() {
   equal("joined", made("VestrelStatic").ListFromSplitString("a|b||c", "|").JoinStrings("-"), "a-b--c");
   equal("an array comes back", new VBArray(list.AsArray()).ubound(1), 2);
   check("its element", new VBArray(list.AsArray()).getItem(2).value === 1);
+  var blank = {};
+  list.SortInPlace(blank);
+  equal("an object without a value for the comparator", values(list), "1 2 3 ");
+  check("gets the one made", blank.value.Reverse === false);
+  fails("a list is no comparator", function () { list.SortInPlace(made("clsObjectList")); }, 13);
   fails("AsArray of nothing", function () { made("clsObjectList").AsArray(); }, 9);
 }
 
@@ -43,6 +48,11 @@ function iterators() {
   list.AddItem(boxLong(41));
   list.BeginIter().hasNextLong(number);
   equal("hasNextLong", number.value, 41);
+  var box = boxLong(0), textBox = boxString("");
+  list.BeginIter().hasNextLong(box);
+  equal("into a box of the library's", box.value, 41);
+  list.BeginIter().hasNextLong(textBox);
+  equal("a number into a box for text", textBox.value, "41");
 }
 
 function ownObjects() {
@@ -132,6 +142,11 @@ function iniFiles() {
   equal("a number", ini.ReadLong("n", 0), -12);
   ini.WriteString("t", text);
   equal("an object's value is read, and written back", text.value, "a  b");
+  var title = boxString("x\r\ny"), blank = {};
+  ini.WriteString("t", title);
+  equal("a box is read, and written back", title.value, "x  y");
+  ini.WriteString("blank", blank);
+  equal("an object without a value is an empty text", ini.ReadString("blank", "default"), "");
   ini.WriteString("plain", "p");
   equal("a text", ini.ReadString("plain", ""), "p");
   equal("a default", ini.ReadBool("missing", true), true);

@@ -322,4 +322,4 @@ Observers
 OwnObjects
 Dictionaries
 Comparisons
-Totals "collections.vbs"
+Totals "collections.vbs", 126

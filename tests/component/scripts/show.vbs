@@ -332,6 +332,13 @@ Sub Editing()
   controller.setModeEditing True
   controller.controlClicked 33, 1, 0, 0, 0
   calls = ""
+  form_.renameAnswer = Null
+  controller.RenameButton
+  Equal "a dialogue that was cancelled", controller.buttonWithIndex(1, 1).name, "Intro"
+  form_.renameAnswer = "Opening"
+  controller.setModeEditing True
+  controller.controlClicked 33, 1, 0, 0, 0
+  calls = ""
   controller.RenameButton
   Check "asked for the name", InStr(calls, "RenameButton(Intro);") = 1
   Check "and left", Right(calls, 18) = "DisableEditMode();"
@@ -391,9 +398,9 @@ Sub Failing()
   Dim log
   On Error Resume Next
   controller.assignButton 10, 1, "x", 1
-  FailsWith "number 0 is a failure all the same", 0, Err.Source, "10 - invalid group: clsButtonGroupController.assignButton()"
+  FailsWith "number 0 is a failure all the same", 0, "clsButtonGroupController", "10 - invalid group: clsButtonGroupController.assignButton()"
   controller.assignButton 2, 41, "x", 1
-  FailsWith "number 1", 1, Err.Source, "41 - invalid buttonIndex: clsButtonGroupController.assignButton()"
+  FailsWith "number 1", 1, "clsButtonGroupController", "41 - invalid buttonIndex: clsButtonGroupController.assignButton()"
   form_.failing = "HideSplashScreen"
   controller.HideSplashScreen
   Fails "a callback's failure is its call's", 777
@@ -436,4 +443,4 @@ Recording
 Failing
 Everything
 controller.formShutdown
-Totals "show.vbs"
+Totals "show.vbs", 189
