@@ -66,7 +66,8 @@ struct TableOf<clsButtonGroupController> {
                                               "Turns the group one page; whether it could.", "groupIndex",
                                               "direction"),
       Method<&T::getVisibleGroupButtons>("getVisibleGroupButtons",
-                                         "A new list of the buttons that the group's controls show.",
+                                         "The buttons that the group's controls show: of group 0 its own "
+                                         "list, of group 9 the buttons 1 to 8, otherwise a new list.",
                                          "groupIndex"),
       Method<&T::getPrevButton>("getPrevButton", "The button before a button index, going round.",
                                 "groupIndex", InOut("beforeIndex")),
