@@ -85,6 +85,9 @@ class clsObjectList : public Object {
 
   // The items as they are now, for loops inside the library.
   ItemSnapshot Snapshot() const { return {items_, count_}; }
+  // The item at `index`, which is within 0 .. Size - 1; the list alone keeps it alive. For loops inside the
+  // library that ask for each item anew.
+  Object* Borrow(std::int32_t index) const noexcept { return items_[index]; }
   // Moves on with every change of the items or their order: while it stands still, what was found out about
   // the list still holds.
   std::uint64_t Changes() const noexcept { return changes_; }

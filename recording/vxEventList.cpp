@@ -94,7 +94,8 @@ void vxEventList::SetRecordMode(RecordModeEnum newMode) {
 
 void vxEventList::UpdateTime(std::int32_t pTime) {
   const Ref<vxEventList> self(this);
-  while (const Ref<vxEvent> ev = NextDue(pTime)) {
+  while (vxEvent* const due = NextDue(pTime)) {
+    const Ref<vxEvent> ev(due);
     if (recording_ && recordMode_ == RecordMode_Overwrite) {
       modLog::LogFormat(LogLevel_4_SPEW, u"Overwrite-mode-skipping playback of %s @ time %d", ButtonName(*ev),
                         ev->time());
@@ -107,12 +108,13 @@ void vxEventList::UpdateTime(std::int32_t pTime) {
 }
 
 // Asked anew for each event: what the last one set off may have changed or replaced the list.
-Ref<vxEvent> vxEventList::NextDue(std::int32_t pTime) const {
-  const clsObjectList& list = Events();
+vxEvent* vxEventList::NextDue(std::int32_t pTime) const {
+  if (!events_) RaiseError(Error_ObjectNotSet);
+  const clsObjectList& list = *events_;
   if (playIndex_ >= list.Size()) return nullptr;
-  const Ref<Object> item = list.GetItem(playIndex_);
-  auto& ev = Cast<vxEvent>(item.get());
-  return ev.time() > pTime ? nullptr : Ref<vxEvent>(&ev);
+  Object* const item = playIndex_ >= 0 ? list.Borrow(playIndex_) : list.GetItem(playIndex_).get();
+  auto& ev = Cast<vxEvent>(item);
+  return ev.time() > pTime ? nullptr : &ev;
 }
 
 void vxEventList::Fire(vxEvent& ev) {

@@ -75,7 +75,8 @@ class vxEventList : public virtual IObjectComparator {
   clsObjectList& Events() const;
   void MergeTake();
   Ref<clsObjectList> EventsOutsideRange(std::int32_t start, std::int32_t end);
-  Ref<vxEvent> NextDue(std::int32_t pTime) const;
+  // Borrowed from the list.
+  vxEvent* NextDue(std::int32_t pTime) const;
   void Fire(vxEvent& ev);
 
   Ref<clsObjectList> events_;

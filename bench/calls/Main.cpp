@@ -1,5 +1,5 @@
-// vestrel_bench_calls SERVER [ROUNDS]: times calls into the component server in the file SERVER and prints a
-// table. Answers 1 when a target is missed, 2 when a call did not do what it should.
+// vestrel_bench_calls SERVER [ROUNDS]: times calls into the component server in the file SERVER and prints
+// rows for bench/report.py. Answers 2 when a call did not do what it should.
 #include <cstdio>
 #include <cstdlib>
 
@@ -15,7 +15,7 @@ int wmain(int count, wchar_t** arguments) {
   Must(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), "starting the component system");
   const Server server(arguments[1]);
   const std::vector<Pair> pairs = MakePairs(server);
-  const bool met = Print(pairs, Measure(pairs, rounds));
+  Print(pairs, Measure(pairs, rounds));
   std::fflush(stdout);
-  return met ? 0 : 1;
+  return 0;
 }

@@ -133,7 +133,7 @@ Pair EarlyBound(const char* figure, Ours ours, Theirs theirs) {
   } else {
     MustHold(one == other, figure);
   }
-  return {figure, "plain virtual call", repeated(ours), repeated(theirs)};
+  return {figure, "plain virtual call", repeated(ours), repeated(theirs), 0, true};
 }
 
 void AddEarlyBound(std::vector<Pair>& pairs, _clsLong* box, _VestrelStatic* helpers, _clsString* text) {

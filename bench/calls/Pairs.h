@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "bench/calls/Server.h"
-#include "bench/calls/Timing.h"
+#include "bench/timing/Timing.h"
 
 namespace vestrel::bench {
 

@@ -34,7 +34,7 @@ enum class Kind {
   Shown,        // no target
 };
 
-// One line of the table: our figure beside another's at one size.
+// One line of the table: our figure beside another's at one size, or alone when `other` is empty.
 struct Claim {
   std::string figure;
   std::string what;

@@ -1,11 +1,8 @@
 #include "bench/support/Folder.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
-
-#include "core/Convert.h"
 
 namespace vestrel::bench {
 namespace {
@@ -33,12 +30,6 @@ class TemporaryFolder {
 const std::string& Folder() {
   static const TemporaryFolder folder;
   return folder.path();
-}
-
-std::u16string LibraryPath(std::string_view path) {
-  std::u16string result = FromUtf8(path);
-  std::replace(result.begin(), result.end(), u'/', u'\\');
-  return result;
 }
 
 }  // namespace vestrel::bench

@@ -2,14 +2,12 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+
+#include "bench/support/LibraryPath.h"
 
 namespace vestrel::bench {
 
 // The folder, made when first asked for; without a separator at its end.
 const std::string& Folder();
-
-// A path as the library names it.
-std::u16string LibraryPath(std::string_view path);
 
 }  // namespace vestrel::bench

@@ -26,6 +26,8 @@ struct Pair {
   Work theirs;
   // How many times faster than the peer's ours is to be; 0 for no target.
   double timesFaster = 0;
+  // The other is no peer, but what nothing could go below.
+  bool isFloor = false;
 };
 
 struct Figures {
@@ -36,7 +38,7 @@ struct Figures {
 // The medians, in the order of the pairs.
 std::vector<Figures> Measure(const std::vector<Pair>& pairs, int rounds);
 
-// Prints the table; whether every target is met.
-bool Print(const std::vector<Pair>& pairs, const std::vector<Figures>& figures);
+// Prints the rows of the table, in the form that bench/report.py reads.
+void Print(const std::vector<Pair>& pairs, const std::vector<Figures>& figures);
 
 }  // namespace vestrel::bench

@@ -1,4 +1,4 @@
-#include "bench/calls/Timing.h"
+#include "bench/timing/Timing.h"
 
 #include <windows.h>
 
@@ -42,20 +42,20 @@ class Contender {
 
  private:
   const Work* work_;
-  std::int64_t times_ = 16;
+  std::int64_t times_ = 1;
   std::vector<double> samples_;
 };
 
-std::string Verdict(const Pair& pair, double ratio) {
-  if (pair.timesFaster == 0) return "";
-  return ratio >= pair.timesFaster ? "met" : "not met";
+std::string Number(double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.3g", value);
+  return text;
 }
 
-std::string Target(const Pair& pair) {
-  if (pair.timesFaster == 0) return "none";
-  char text[32];
-  std::snprintf(text, sizeof text, "at least %.0f", pair.timesFaster);
-  return text;
+std::string Time(double nanoseconds) {
+  if (nanoseconds < 999.5) return Number(nanoseconds) + " ns";
+  if (nanoseconds < 999.5e3) return Number(nanoseconds / 1e3) + " us";
+  return Number(nanoseconds / 1e6) + " ms";
 }
 
 }  // namespace
@@ -78,22 +78,22 @@ std::vector<Figures> Measure(const std::vector<Pair>& pairs, int rounds) {
   return result;
 }
 
-bool Print(const std::vector<Pair>& pairs, const std::vector<Figures>& figures) {
-  static constexpr const char* kRow = "%-40s %9s  %-24s %9s %7s  %-10s  %s\n";
-  std::printf(kRow, "Figure", "ns", "Peer", "ns", "Ratio", "Target", "");
-  bool allMet = true;
+void Print(const std::vector<Pair>& pairs, const std::vector<Figures>& figures) {
   for (std::size_t i = 0; i < pairs.size(); ++i) {
-    const double ratio = figures[i].theirs / figures[i].ours;
-    const std::string verdict = Verdict(pairs[i], ratio);
-    char numbers[3][32];
-    std::snprintf(numbers[0], sizeof numbers[0], "%.1f", figures[i].ours);
-    std::snprintf(numbers[1], sizeof numbers[1], "%.1f", figures[i].theirs);
-    std::snprintf(numbers[2], sizeof numbers[2], "%.2f", ratio);
-    std::printf(kRow, pairs[i].figure.c_str(), numbers[0], pairs[i].peer.c_str(), numbers[1], numbers[2],
-                Target(pairs[i]).c_str(), verdict.c_str());
-    allMet = allMet && verdict != "not met";
+    const Pair& pair = pairs[i];
+    const auto [ours, theirs] = figures[i];
+    const std::string other = pair.peer + ": " + Time(theirs);
+    const bool faster = theirs > ours;
+    const std::string ratio =
+        faster ? Number(theirs / ours) + " times faster" : Number(ours / theirs) + " times";
+    const bool aims = pair.timesFaster != 0;
+    std::printf("row\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n", pair.figure.c_str(), Time(ours).c_str(),
+                pair.isFloor ? "" : other.c_str(), pair.isFloor ? other.c_str() : "", ratio.c_str(),
+                aims ? ("at least " + Number(pair.timesFaster) + " times faster").c_str() : "",
+                !aims                               ? ""
+                : theirs / ours >= pair.timesFaster ? "met"
+                                                    : "not met");
   }
-  return allMet;
 }
 
 }  // namespace vestrel::bench
