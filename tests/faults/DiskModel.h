@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/faults/SeamFiles.h"
+#include "tests/support/SeamFiles.h"
 
 namespace vestrel::test {
 

@@ -12,9 +12,9 @@
 #include "recording/clsRecordController.h"
 #include "storage/clsIniFile.h"
 #include "storage/clsMultiFile.h"
-#include "tests/faults/SeamFiles.h"
 #include "tests/support/FakePlatform.h"
 #include "tests/support/RecordingForm.h"
+#include "tests/support/SeamFiles.h"
 
 namespace vestrel::test {
 

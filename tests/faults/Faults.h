@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/faults/SeamFiles.h"
+#include "tests/support/SeamFiles.h"
 
 namespace vestrel::test {
 

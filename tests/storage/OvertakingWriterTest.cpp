@@ -1,9 +1,12 @@
 // Another writer gets in between two steps of ours.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "storage/ProfileFile.h"
 #include "storage/ScratchFile.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/SeamFiles.h"
 
 namespace vestrel {
 namespace {
@@ -13,45 +16,6 @@ using platform::FileStatus;
 constexpr std::u16string_view kFile = u"C:\\app\\page.ini";
 constexpr std::u16string_view kScratch = u"C:\\app\\page.ini.new~";
 
-// A file system on which, the first time that anyone asks what `path` stands for, another writer has just put
-// a file of its own there.
-class OvertakingFiles final : public platform::Files {
- public:
-  OvertakingFiles(test::MemoryFiles& files, std::u16string_view path, std::string_view bytes)
-      : files_(files), path_(path), bytes_(bytes) {}
-
-  FileStatus Open(std::u16string_view path, platform::OpenMode mode,
-                  std::unique_ptr<platform::File>& file) override {
-    return files_.Open(path, mode, file);
-  }
-  FileStatus Info(std::u16string_view path, platform::FileInfo& info) override {
-    if (path == path_ && !overtaken_) {
-      overtaken_ = true;
-      files_.Remove(path);
-      files_.Put(path, bytes_);
-    }
-    return files_.Info(path, info);
-  }
-  FileStatus Resolve(std::u16string_view path, std::u16string& real) override {
-    return files_.Resolve(path, real);
-  }
-  FileStatus Replace(std::u16string_view from, std::u16string_view to) override {
-    return files_.Replace(from, to);
-  }
-  FileStatus Remove(std::u16string_view path) override { return files_.Remove(path); }
-  FileStatus MakeDirectory(std::u16string_view path) override { return files_.MakeDirectory(path); }
-  FileStatus SyncDirectory(std::u16string_view path) override { return files_.SyncDirectory(path); }
-  FileStatus List(std::u16string_view path, std::vector<std::u16string>& names) override {
-    return files_.List(path, names);
-  }
-
- private:
-  test::MemoryFiles& files_;
-  std::u16string_view path_;
-  std::string_view bytes_;
-  bool overtaken_ = false;
-};
-
 class OvertakingWriterTest : public testing::Test {
  protected:
   void SetUp() override { files.PutFolder(u"C:\\app"); }
@@ -59,12 +23,23 @@ class OvertakingWriterTest : public testing::Test {
     EXPECT_EQ(files.OpenFiles(), 0);
     EXPECT_EQ(files.Paths(), std::vector<std::u16string>{std::u16string(kFile)});
   }
-  // The file after a key was written to it while another writer put `bytes` at `path`.
+  // The file after a key was written to it, where another writer puts `bytes` at `path` when ours first asks
+  // what that stands for.
   std::string Written(std::u16string_view path, std::string_view bytes) {
-    OvertakingFiles overtaking(files, path, bytes);
-    const platform::Override override({nullptr, &overtaking, nullptr, nullptr});
+    test::SeamFiles seam(files);
+    bool overtaken = false;
+    seam.before = [&](const test::FileCall& call) {
+      const bool named = call.name == "Info" && call.handle == 0 && call.path == path;
+      if (named && !std::exchange(overtaken, true)) {
+        files.Remove(path);
+        files.Put(path, bytes);
+      }
+      return FileStatus::Ok;
+    };
+    const platform::Override override({nullptr, &seam, nullptr, nullptr});
     const ProfileEdit edit{"s", "k", "10"};
     EXPECT_EQ(ProfileFile(kFile).Commit(std::span(&edit, 1), Sync::No), FileStatus::Ok);
+    EXPECT_TRUE(overtaken);
     return files.Get(kFile);
   }
   test::MemoryFiles files;

@@ -1,4 +1,4 @@
-#include "tests/faults/SeamFiles.h"
+#include "tests/support/SeamFiles.h"
 
 #include <span>
 #include <utility>
