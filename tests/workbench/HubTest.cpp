@@ -14,6 +14,16 @@ class HubTest : public PageHost {
   // Something that the page would do while a dialog is open.
   void Meanwhile(std::function<void()> work) { boost::asio::post(loop(), std::move(work)); }
   int OpenDialog() const { return page.state["dialog"]["id"].get<int>(); }
+  // What the log tells of files so far.
+  std::set<std::string> FilesTold() const {
+    std::set<std::string> files;
+    for (const json& frame : page.frames) {
+      for (const json& entry : frame.value("entries", json::array())) {
+        for (const json& file : entry.value("files", json::array())) files.insert(file);
+      }
+    }
+    return files;
+  }
   void AskToOverwrite() {
     Tell(page, {{"t", "do"}, {"id", 1}, {"cmd", "setModeAssign \"Moonlight\" ButtonType_Sequence"}});
   }
@@ -305,15 +315,39 @@ TEST_F(HubTest, ButtonsAreFoundOnEveryPage) {
 
 TEST_F(HubTest, ACallTellsWhichFilesItWrote) {
   EXPECT_TRUE(Succeeds("AddPage \"Encore\""));
-  std::set<std::string> files;
-  for (const json& frame : page.frames) {
-    for (const json& entry : frame.value("entries", json::array())) {
-      for (const json& file : entry.value("files", json::array())) files.insert(file);
-    }
-  }
+  const std::set<std::string> files = FilesTold();
   EXPECT_TRUE(files.contains("Sequences/Harbour Lights/pageSetting.ini"));
   EXPECT_TRUE(files.contains("Sequences/Harbour Lights/Encore/pageSetting.ini"));
   EXPECT_FALSE(files.contains("vestrel.log"));
+}
+
+TEST_F(HubTest, ASaveThatChangesTheFileInItsPlaceIsTold) {
+  const std::filesystem::path file = folder() / "Sequences/Harbour Lights/Overture/pageSetting.ini";
+  const std::string before = FileBytes(file);
+  EXPECT_TRUE(Succeeds("changeButtonGroupPageOffset 1 1"));
+  EXPECT_EQ(FilesTold(), std::set<std::string>{"Sequences/Harbour Lights/Overture/pageSetting.ini"});
+  const std::string after = FileBytes(file);
+  EXPECT_NE(after, before);
+  EXPECT_EQ(after.size(), before.size());
+}
+
+TEST_F(HubTest, AnItemIsListedUnderItsNewNameOfTheSameLength) {
+  const auto has = [&](const std::string& id) {
+    for (const json& item : page.state["items"]) {
+      if (item["id"] == id) return true;
+    }
+    return false;
+  };
+  EXPECT_TRUE(Succeeds("setModeEditing true"));
+  EXPECT_TRUE(Succeeds("controlClicked 35 1 0 0 0"));
+  Meanwhile([&] {
+    EXPECT_EQ(page.state["dialog"]["value"], "Rose Front");
+    Tell(page, {{"t", "answer"}, {"id", 2}, {"dialog", OpenDialog()}, {"value", "Pink Front"}});
+  });
+  ASSERT_TRUE(has("Overture/Rose Front.ASQ"));
+  EXPECT_TRUE(Succeeds("RenameButton"));
+  EXPECT_TRUE(has("Overture/Pink Front.ASQ"));
+  EXPECT_FALSE(has("Overture/Rose Front.ASQ"));
 }
 
 TEST_F(HubTest, WhileTheLibraryWorksCommandsWaitTheirTurn) {

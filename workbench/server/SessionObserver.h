@@ -16,7 +16,7 @@ namespace vestrel::workbench {
 struct CallEnd {
   bool ok = true;
   std::string text;
-  // Below the data folder, with "/"; those that the call wrote, made or removed.
+  // Below the data folder, with "/"; those that the library wrote, made or removed within the call.
   std::vector<std::string> files;
 };
 
