@@ -313,6 +313,13 @@ TEST_F(HubTest, ButtonsAreFoundOnEveryPage) {
   EXPECT_EQ(pages, (std::set<std::string>{"Overture", "Act One", "Finale"}));
 }
 
+TEST_F(HubTest, ButtonsAreFoundInAnyLetterCase) {
+  EXPECT_TRUE(Succeeds("assignButton 1 6 \"Caf\xC3\xA9 Glow\" ButtonType_Sequence"));
+  Tell(page, {{"t", "find"}, {"id", 1}, {"text", "CAF\xC3\x89"}});
+  ASSERT_EQ(page.Answer("found", 1)["results"].size(), 1U);
+  EXPECT_EQ(page.Answer("found", 1)["results"][0]["name"], "Caf\xC3\xA9 Glow");
+}
+
 TEST_F(HubTest, ACallTellsWhichFilesItWrote) {
   EXPECT_TRUE(Succeeds("AddPage \"Encore\""));
   const std::set<std::string> files = FilesTold();

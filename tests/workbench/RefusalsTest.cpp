@@ -51,6 +51,15 @@ TEST_F(RefusalsTest, PageNamesThatAFolderOrTheListCannotTake) {
   EXPECT_TRUE(IsRefused("RenamePage \"Nowhere\" \"Anywhere\""));
 }
 
+TEST_F(RefusalsTest, NamesThatDifferInTheCaseOfAnyLetterAlone) {
+  EXPECT_TRUE(Succeeds("AddPage \"Caf\xC3\xA9\""));
+  EXPECT_TRUE(IsRefused("AddPage \"CAF\xC3\x89\""));
+  EXPECT_TRUE(IsRefused("SetPage \"Caf\xC3\x89\""));
+  EXPECT_TRUE(IsRefused("RenamePage \"Finale\" \"caf\xC3\x89\""));
+  EXPECT_TRUE(Succeeds("assignButton 1 6 \"\xC3\x89toile\" ButtonType_Sequence"));
+  EXPECT_TRUE(IsRefused("assignButton 1 8 \"\xC3\xA9toile\" ButtonType_Sequence"));
+}
+
 TEST_F(RefusalsTest, APageListThatWouldBeCut) {
   // "Overture|Act One|Finale" has 23 bytes; 254 come back.
   const std::string rest(100, 'x');

@@ -4,6 +4,7 @@
 
 #include "core/Cast.h"
 #include "core/Convert.h"
+#include "core/LetterCase.h"
 #include "recording/vxEvent.h"
 #include "workbench/server/ScreenState.h"
 
@@ -16,6 +17,12 @@ namespace {
 constexpr std::size_t kMostResults = 100;
 constexpr std::int64_t kMostRows = 500;
 constexpr std::int32_t kGroups = 10;
+
+// As the library compares names.
+std::u16string Folded(std::u16string text) {
+  std::transform(text.begin(), text.end(), text.begin(), FoldLetter);
+  return text;
+}
 
 json FoundButton(const clsPage& page, const clsButton& button) {
   return {{"page", ToUtf8(page.pageName())},
@@ -31,7 +38,7 @@ bool AddFrom(const clsPage& page, const std::u16string& wanted, json& results) {
     for (std::int32_t i = 0; group && i < group->buttons->Size(); ++i) {
       const Ref<Object> item = group->buttons->GetItem(i);
       const auto& button = Cast<clsButton>(item.get());
-      if (LowerCase(button.name).find(wanted) == std::u16string::npos) continue;
+      if (Folded(button.name).find(wanted) == std::u16string::npos) continue;
       if (results.size() == kMostResults) return false;
       results.push_back(FoundButton(page, button));
     }
@@ -52,7 +59,7 @@ json EventRow(WorkSession& session, std::int64_t position, Object* item) {
 }  // namespace
 
 json FindButtons(WorkSession& session, std::string_view text) {
-  const std::u16string wanted = LowerCase(FromUtf8(text));
+  const std::u16string wanted = Folded(FromUtf8(text));
   json results = json::array();
   bool complete = true;
   const Ref<clsPageManager> pages = session.host().controller().PageManager();

@@ -10,6 +10,7 @@
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/Error.h"
+#include "core/LetterCase.h"
 #include "model/IndexList.h"
 #include "workbench/server/Names.h"
 #include "workbench/server/WorkSession.h"
@@ -114,7 +115,7 @@ void ExpectListFits(const std::vector<std::u16string>& names) {
 
 void ExpectUnlike(const std::vector<std::u16string>& names, const std::u16string& name) {
   for (const std::u16string& other : names) {
-    if (EqualIgnoringCase(other, name)) {
+    if (EqualIgnoringLetterCase(other, name)) {
       throw Refusal("the page \"" + ToUtf8(other) + "\" would share its file with \"" + ToUtf8(name) + "\"");
     }
   }
@@ -202,7 +203,7 @@ void ExpectNameNotTaken(std::u16string_view name, const clsButton* except, WorkS
   for (std::int32_t i = 0; buttons && i < buttons->Size(); ++i) {
     const Ref<Object> item = buttons->GetItem(i);
     const auto& button = Cast<clsButton>(item.get());
-    if (&button == except || !EqualIgnoringCase(button.name, name)) continue;
+    if (&button == except || !EqualIgnoringLetterCase(button.name, name)) continue;
     throw Refusal("the page has a button \"" + ToUtf8(button.name) +
                   "\" already, whose files would be replaced");
   }
