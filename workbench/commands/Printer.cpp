@@ -3,26 +3,9 @@
 #include <ostream>
 
 #include "core/Convert.h"
-#include "workbench/host/ValueText.h"
+#include "workbench/commands/OutputText.h"
 
 namespace vestrel::workbench {
-
-namespace {
-
-std::string CallText(const HostCall& call) {
-  return std::string(call.name) + "(" + JoinTexts(call.arguments) + ")" + call.note;
-}
-
-// Line breaks as one blank each.
-std::string OneLine(std::string_view text) {
-  std::string line;
-  for (const char byte : text) {
-    if (byte != '\r') line += byte == '\n' ? ' ' : byte;
-  }
-  return line;
-}
-
-}  // namespace
 
 void Printer::Command(std::string_view command) {
   Line("> " + std::string(command));
@@ -42,8 +25,7 @@ void Printer::Rejected(std::size_t line, std::string_view what) {
 }
 
 void Printer::Failed(const Error& error) {
-  Line("  ! error " + std::to_string(error.number()) + " (" + ToUtf8(error.source()) +
-       "): " + OneLine(ToUtf8(error.description())));
+  Line("  ! " + ErrorText(error));
 }
 
 void Printer::Failed(std::string_view what) {
@@ -63,15 +45,7 @@ void Printer::MessageBoxShown(std::u16string_view text, std::u16string_view capt
 }
 
 void Printer::Line(std::string_view text) {
-  std::string line(text);
-  // Written the same on every run, whatever folder was chosen.
-  constexpr std::string_view kPlaceholder = "DATA";
-  std::size_t at = line.find(dataFolder_);
-  while (at != std::string::npos) {
-    line.replace(at, dataFolder_.size(), kPlaceholder);
-    at = line.find(dataFolder_, at + kPlaceholder.size());
-  }
-  out_ << line << '\n';
+  out_ << WithoutFolder(std::string(text), dataFolder_) << '\n';
 }
 
 }  // namespace vestrel::workbench

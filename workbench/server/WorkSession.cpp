@@ -11,6 +11,7 @@
 #include "core/Error.h"
 #include "core/clsObjectList.h"
 #include "core/clsString.h"
+#include "workbench/commands/OutputText.h"
 #include "workbench/commands/Word.h"
 #include "workbench/server/Refusals.h"
 
@@ -18,22 +19,21 @@ namespace vestrel::workbench {
 
 namespace {
 
-std::string OneLine(std::string text) {
-  text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  return text;
-}
-
-std::string ErrorText(const Error& error) {
-  return OneLine("error " + std::to_string(error.number()) + " (" + ToUtf8(error.source()) +
-                 "): " + ToUtf8(error.description()));
-}
-
 bool ChangesEvents(std::string_view operation) {
   constexpr std::array<std::string_view, 6> kNames{"record.Init",           "record.Record",
                                                    "record.Stop_",          "record.ClearEvents",
                                                    "record.LoadEventsFrom", "record.updateEventTime"};
   return std::find(kNames.begin(), kNames.end(), operation) != kNames.end();
+}
+
+// "= result" and "name = value", separated by "; ".
+std::string OutcomeText(const Outcome& outcome) {
+  std::string text;
+  if (outcome.result) text = "= " + *outcome.result;
+  for (const NamedText& entry : outcome.handedBack) {
+    text += (text.empty() ? "" : "; ") + entry.name + " = " + entry.value;
+  }
+  return text;
 }
 
 CommandResult Failure(std::string text) {
@@ -107,19 +107,6 @@ ButtonTypeEnum TypeOf(const Word& word) {
 }
 
 }  // namespace
-
-std::string CallText(const HostCall& call) {
-  return std::string(call.name) + "(" + JoinTexts(call.arguments) + ")" + call.note;
-}
-
-std::string OutcomeText(const Outcome& outcome) {
-  std::string text;
-  if (outcome.result) text = "= " + *outcome.result;
-  for (const NamedText& entry : outcome.handedBack) {
-    text += (text.empty() ? "" : "; ") + entry.name + " = " + entry.value;
-  }
-  return text;
-}
 
 WorkSession::WorkSession(const std::filesystem::path& dataFolder, const ClockStart& start)
     : dataFolder_(dataFolder),
@@ -276,14 +263,7 @@ void WorkSession::NoteBlinking(const std::array<std::uint16_t, ControlSurface::k
 }
 
 std::string WorkSession::WithoutPath(std::string text) const {
-  constexpr std::string_view kPlaceholder = "DATA";
-  const std::string folder = ToUtf8(host_->appPath());
-  std::size_t at = text.find(folder);
-  while (at != std::string::npos) {
-    text.replace(at, folder.size(), kPlaceholder);
-    at = text.find(folder, at + kPlaceholder.size());
-  }
-  return text;
+  return WithoutFolder(std::move(text), ToUtf8(host_->appPath()));
 }
 
 DialogAnswer WorkSession::Ask(const Dialog& dialog) {

@@ -121,9 +121,4 @@ class WorkSession : private HostListener, private Dialogs {
   std::uint64_t fileChanges_ = 0;
 };
 
-// "name(argument, argument)" and the note.
-std::string CallText(const HostCall& call);
-// "= result" and "name = value", separated by "; ".
-std::string OutcomeText(const Outcome& outcome);
-
 }  // namespace vestrel::workbench
