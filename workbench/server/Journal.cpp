@@ -128,34 +128,6 @@ void JournalWriter::Write(const json& line) {
   written_ += text.size();
 }
 
-void JournalWriter::CallBegan(std::string_view command, std::uint64_t now, std::uint64_t turn) {
-  json line{{"call", command}, {"ms", now}};
-  if (turn > 0) line["turn"] = turn;
-  Write(line);
-}
-
-void JournalWriter::CallEnded(const CallEnd& end) {
-  json line{{end.ok ? "done" : "failed", end.text}};
-  if (!end.files.empty()) line["files"] = end.files;
-  Write(line);
-}
-
-void JournalWriter::CallbackMade(const std::string& text) {
-  Write({{"back", text}});
-}
-
-void JournalWriter::HostActed(const std::string& text) {
-  Write({{"host", text}});
-}
-
-void JournalWriter::DialogOpened(const std::string& text) {
-  Write({{"dialog", text}});
-}
-
-void JournalWriter::DialogClosed(const DialogAnswer& answer, const std::string& /*text*/) {
-  Write({{"answer", answer.yes}, {"text", answer.text}});
-}
-
 // ---- Reading ----
 
 JournalReader::JournalReader(const fs::path& file) : stream_(file, std::ios::binary) {

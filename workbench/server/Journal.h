@@ -12,7 +12,7 @@
 #include <string>
 
 #include "workbench/host/SimulatedClock.h"
-#include "workbench/server/SessionObserver.h"
+#include "workbench/server/JournalLines.h"
 
 namespace vestrel::workbench {
 
@@ -23,7 +23,7 @@ struct JournalLimits {
 };
 
 // Writes a journal. Owned by the front end.
-class JournalWriter : public SessionObserver {
+class JournalWriter : public JournalLines {
  public:
   // Nothing is written before Begin.
   explicit JournalWriter(std::filesystem::path file, const JournalLimits& limits = {});
@@ -38,14 +38,8 @@ class JournalWriter : public SessionObserver {
   // twice its size the part ends with a line that says so, and nothing more is written.
   bool IsFull() const noexcept { return written_ >= limits_.bytes; }
 
-  void CallBegan(std::string_view command, std::uint64_t now, std::uint64_t turn) override;
-  void CallEnded(const CallEnd& end) override;
-  void CallbackMade(const std::string& text) override;
-  void HostActed(const std::string& text) override;
-  void DialogOpened(const std::string& text) override;
-  void DialogClosed(const DialogAnswer& answer, const std::string& text) override;
-
  private:
+  void Happened(const nlohmann::json& line) override { Write(line); }
   void Write(const nlohmann::json& line);
   void WriteFiles(const std::filesystem::path& dataFolder);
   void Close() noexcept;

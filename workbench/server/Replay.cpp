@@ -19,7 +19,7 @@ ReplayReport Replay::Run() {
     if (journal_.Peek()->contains("call")) {
       PerformNext();
     } else {
-      Expect({{"call", "..."}});
+      Happened({{"call", "..."}});
     }
   }
   return report_;
@@ -38,7 +38,7 @@ void Replay::PerformNested(std::uint64_t turn, bool anyTurn) {
   }
 }
 
-void Replay::Expect(const json& happened) {
+void Replay::Happened(const json& happened) {
   if (AtEnd()) return;
   if (*journal_.Peek() != happened) {
     const auto text = [](const json& line) {
@@ -53,31 +53,14 @@ void Replay::Expect(const json& happened) {
   journal_.Take();
 }
 
+// Its line has been taken.
 void Replay::CallBegan(std::string_view /*command*/, std::uint64_t /*now*/, std::uint64_t /*turn*/) {
   ++report_.calls;
 }
 
-void Replay::CallEnded(const CallEnd& end) {
-  json line{{end.ok ? "done" : "failed", end.text}};
-  if (!end.files.empty()) line["files"] = end.files;
-  Expect(line);
-}
-
 void Replay::CallbackMade(const std::string& text) {
   ++report_.callbacks;
-  Expect({{"back", text}});
-}
-
-void Replay::HostActed(const std::string& text) {
-  Expect({{"host", text}});
-}
-
-void Replay::DialogOpened(const std::string& text) {
-  Expect({{"dialog", text}});
-}
-
-void Replay::DialogClosed(const DialogAnswer& answer, const std::string& /*text*/) {
-  Expect({{"answer", answer.yes}, {"text", answer.text}});
+  JournalLines::CallbackMade(text);
 }
 
 DialogAnswer Replay::Ask(const Dialog& /*dialog*/) {

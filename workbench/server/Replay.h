@@ -21,7 +21,7 @@ struct ReplayReport {
   std::string happened;
 };
 
-class Replay : private SessionObserver, private DialogDoor {
+class Replay : private JournalLines, private DialogDoor {
  public:
   // The reader stands behind the files; the session is new, started at the journal's time on those files.
   // Both outlive it.
@@ -35,15 +35,11 @@ class Replay : private SessionObserver, private DialogDoor {
   void PerformNext();
   void PerformNested(std::uint64_t turn, bool anyTurn);
   // The journal's next line must be `happened`.
-  void Expect(const nlohmann::json& happened);
+  void Happened(const nlohmann::json& happened) override;
   bool AtEnd() { return !report_.same || journal_.Peek() == nullptr; }
 
   void CallBegan(std::string_view command, std::uint64_t now, std::uint64_t turn) override;
-  void CallEnded(const CallEnd& end) override;
   void CallbackMade(const std::string& text) override;
-  void HostActed(const std::string& text) override;
-  void DialogOpened(const std::string& text) override;
-  void DialogClosed(const DialogAnswer& answer, const std::string& text) override;
   DialogAnswer Ask(const Dialog& dialog) override;
   void Turn(std::uint64_t turn) override;
 
