@@ -1,6 +1,6 @@
-// The host's modal dialogs and its message loop, for a front end that has an operator to ask. Where the
-// simulated host is given none, the answers prepared in Answers hold and no message is pending. Each call
-// comes from within a call into the library and returns when the operator has answered.
+// The host's modal dialogs and its message loop, for a front end that has an operator to ask; at first the
+// simulated host has prepared ones (Answers.h). Each call comes from within a call into the library and
+// returns when the operator has answered.
 #pragma once
 
 #include <string>

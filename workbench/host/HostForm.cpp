@@ -50,17 +50,14 @@ void HostForm::CopyButtonFiles(ButtonTypeEnum buttonType, std::u16string_view sr
 }
 
 void HostForm::DeleteButton(clsButton* button, bool noPrompt) {
-  Dialogs* dialogs = host_.dialogs();
-  const bool deletes =
-      noPrompt || (dialogs != nullptr ? dialogs->ConfirmDelete(*button) : host_.answers().deleteButton);
+  const bool deletes = noPrompt || host_.dialogs().ConfirmDelete(*button);
   host_.calls().CallbackWithNote("DeleteButton", noPrompt ? "" : " -> " + ValueText(deletes), button,
                                  noPrompt);
   if (deletes) host_.files().Delete(button->buttonType, {CurrentPageName(), button->name});
 }
 
 std::u16string HostForm::RenameButton(clsButton* button, std::int32_t controlIndex) {
-  Dialogs* dialogs = host_.dialogs();
-  const std::u16string answer = dialogs != nullptr ? dialogs->AskName(*button) : host_.answers().renameButton;
+  const std::u16string answer = host_.dialogs().AskName(*button);
   host_.calls().CallbackWithNote("RenameButton", " -> " + ValueText(answer), button, controlIndex);
   if (!answer.empty()) {
     const std::u16string page = CurrentPageName();
@@ -135,9 +132,7 @@ void HostForm::CreateMarkFadeButton(clsButton* button, std::u16string_view origi
 }
 
 bool HostForm::PromptButtonOverwrite(std::u16string_view promptText) {
-  Dialogs* dialogs = host_.dialogs();
-  const bool answer =
-      dialogs != nullptr ? dialogs->ConfirmOverwrite(promptText) : host_.answers().promptButtonOverwrite;
+  const bool answer = host_.dialogs().ConfirmOverwrite(promptText);
   host_.calls().CallbackWithNote("PromptButtonOverwrite", " -> " + ValueText(answer), promptText);
   return answer;
 }

@@ -4,11 +4,11 @@ namespace vestrel::workbench {
 
 void HostSystem::ShowMessageBox(std::u16string_view text, std::u16string_view caption) {
   if (HostListener* listener = calls_.listener()) listener->MessageBoxShown(text, caption);
-  if (dialogs_ != nullptr) dialogs_->ShowMessage(text, caption);
+  dialogs_->ShowMessage(text, caption);
 }
 
 void HostSystem::PumpMessages() {
-  if (dialogs_ != nullptr) dialogs_->PumpMessages();
+  dialogs_->PumpMessages();
 }
 
 }  // namespace vestrel::workbench

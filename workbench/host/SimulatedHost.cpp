@@ -9,7 +9,7 @@ namespace vestrel::workbench {
 SimulatedHost::SimulatedHost(const std::filesystem::path& dataFolder, const ClockStart& start)
     : appPath_(dataFolder.u16string()),
       clock_(start),
-      system_(calls_, appPath_),
+      system_(calls_, answers_, appPath_),
       override_({.clock = &clock_, .hostServices = &system_}),
       files_(dataFolder),
       folders_(dataFolder),

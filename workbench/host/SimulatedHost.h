@@ -51,9 +51,9 @@ class SimulatedHost {
   // The data folder as the library is given it.
   const std::u16string& appPath() const noexcept { return appPath_; }
   std::uint64_t Now() const noexcept { return clock_.Now(); }
-  // The front end's dialogs, or null; see workbench/host/Dialogs.h.
-  Dialogs* dialogs() const noexcept { return system_.dialogs(); }
-  void SetDialogs(Dialogs* dialogs) noexcept { system_.SetDialogs(dialogs); }
+  // The prepared answers, or the front end's dialogs, which outlive the host or give way to answers() before.
+  Dialogs& dialogs() const noexcept { return system_.dialogs(); }
+  void SetDialogs(Dialogs& dialogs) noexcept { system_.SetDialogs(dialogs); }
 
   // Lets the time pass, 0 or more milliseconds, and fires the timers as they fall due; at the same moment the
   // blink timer comes first. A failure of a tick ends it at that moment.
@@ -100,11 +100,11 @@ class SimulatedHost {
   std::u16string appPath_;
   CallReporter calls_;
   SimulatedClock clock_;
+  Answers answers_;
   HostSystem system_;
   // Before everything that may call the library while it goes.
   platform::Override override_;
   Stage stage_;
-  Answers answers_;
   ItemFiles files_;
   ShowFolders folders_;
   HostTimer blinkTimer_{kBlinkInterval};

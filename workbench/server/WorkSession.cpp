@@ -120,7 +120,7 @@ void WorkSession::Begin(const ClockStart& start) {
   host_ = std::make_unique<SimulatedHost>(dataFolder_, start);
   commands_ = std::make_unique<CommandSession>(*host_, nullptr);
   host_->calls().SetListener(this);
-  host_->SetDialogs(this);
+  host_->SetDialogs(*this);
 }
 
 void WorkSession::Restart(const ClockStart& start) {
@@ -144,7 +144,7 @@ bool WorkSession::IsQuiet() const {
 
 WorkSession::~WorkSession() {
   host_->calls().SetListener(nullptr);
-  host_->SetDialogs(nullptr);
+  host_->SetDialogs(host_->answers());
 }
 
 CommandResult WorkSession::Perform(std::string_view command, std::uint64_t now) {
