@@ -22,6 +22,15 @@ TEST_F(ShowFoldersTest, AShowGetsAnotherName) {
   EXPECT_FALSE(Exists("Sequences/Harbour Lights"));
 }
 
+TEST_F(ShowFoldersTest, TellsWhichShowsThereAre) {
+  std::filesystem::create_directory(Sequences() / "Gala");
+  EXPECT_TRUE(folders.Exists(u"Gala"));
+  EXPECT_FALSE(folders.Exists(u"Nowhere"));
+  EXPECT_THROW(folders.Exists(u".."), Error);
+  EXPECT_EQ(folders.FirstShowBut(u""), u"Gala");
+  EXPECT_EQ(folders.FirstShowBut(u"Gala"), u"Harbour Lights");
+}
+
 TEST_F(ShowFoldersTest, ANameThatIsTakenOrNoFoldersIsNotGiven) {
   std::filesystem::create_directory(Sequences() / "Gala");
   EXPECT_THROW(folders.RenameShow(u"Harbour Lights", u"Gala"), Error);

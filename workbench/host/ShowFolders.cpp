@@ -41,6 +41,11 @@ fs::path ShowFolders::Page(std::u16string_view show, std::u16string_view page) c
   return Show(show) / ExpectName(page);
 }
 
+bool ShowFolders::Exists(std::u16string_view name) const {
+  std::error_code ignored;
+  return fs::exists(Show(name), ignored);
+}
+
 std::u16string ShowFolders::FirstShowBut(std::u16string_view name) const {
   std::u16string first;
   std::error_code error;

@@ -13,6 +13,7 @@ class ShowFolders {
  public:
   explicit ShowFolders(std::filesystem::path dataFolder) : dataFolder_(std::move(dataFolder)) {}
 
+  bool Exists(std::u16string_view name) const;
   // In alphabetical order; empty when there is no other one.
   std::u16string FirstShowBut(std::u16string_view name) const;
   void RenameShow(std::u16string_view from, std::u16string_view to) const;

@@ -68,13 +68,8 @@ std::vector<std::u16string> PageNames(WorkSession& session) {
 
 // ---- Shows and pages ----
 
-std::filesystem::path ShowFolder(const std::string& name, WorkSession& session) {
-  return session.dataFolder() / "Sequences" / FromUtf8(name);
-}
-
 bool ShowExists(const std::string& name, WorkSession& session) {
-  std::error_code ignored;
-  return std::filesystem::exists(ShowFolder(name, session), ignored);
+  return session.host().folders().Exists(FromUtf8(name));
 }
 
 void CheckNewShow(const Words& words, WorkSession& session) {

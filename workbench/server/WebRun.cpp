@@ -1,6 +1,5 @@
 #include "workbench/server/WebRun.h"
 
-#include <algorithm>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/signal_set.hpp>
@@ -12,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "core/Convert.h"
+#include "workbench/host/ValueText.h"
 #include "workbench/server/Desktop.h"
 #include "workbench/server/Hub.h"
 #include "workbench/server/Journal.h"
@@ -76,31 +75,15 @@ std::string AddressText(const Options& options, std::uint16_t port) {
   return text + "/" + (options.token.empty() ? "" : "?token=" + options.token);
 }
 
-// In double quotes, doubled inside.
-std::string Quoted(const std::string& text) {
-  std::string quoted = "\"";
-  for (const char byte : text) {
-    quoted += byte;
-    if (byte == '"') quoted += '"';
-  }
-  return quoted + "\"";
-}
-
 // The show that comes up: the first in alphabetical order, or a new one.
-std::string FirstShowCommand(const std::filesystem::path& dataFolder) {
-  std::vector<std::string> names;
-  std::error_code error;
-  std::filesystem::directory_iterator at(dataFolder / "Sequences", error);
-  for (; !error && at != std::filesystem::directory_iterator(); at.increment(error)) {
-    if (at->is_directory()) names.push_back(at->path().filename().string());
-  }
-  if (names.empty()) return "CreateNewShow \"New Show\"";
-  return "LoadShow " + Quoted(*std::min_element(names.begin(), names.end()));
+std::string FirstShowCommand(WorkSession& session) {
+  const std::u16string first = session.host().folders().FirstShowBut(u"");
+  return first.empty() ? "CreateNewShow \"New Show\"" : "LoadShow " + ValueText(first);
 }
 
-void BeginEvening(Hub& hub, const std::filesystem::path& dataFolder) {
+void BeginEvening(Hub& hub, WorkSession& session) {
   hub.Command("setButtonGroupPageSize 8");
-  hub.Command(FirstShowCommand(dataFolder));
+  hub.Command(FirstShowCommand(session));
   hub.Command("HideSplashScreen");
   hub.Command("formGotFocus");
 }
@@ -118,8 +101,8 @@ std::vector<std::string> CommandsLike(WorkSession& session) {
   }
   commands.push_back("setButtonGroupPageSize " + std::to_string(host.pageSize()));
   if (pages->showName() != clsPageManager::kNullShow) {
-    commands.push_back("LoadShow " + Quoted(ToUtf8(pages->showName())));
-    if (pages->PageIsValid()) commands.push_back("SetPage " + Quoted(ToUtf8(pages->CurrentPageName())));
+    commands.push_back("LoadShow " + ValueText(pages->showName()));
+    if (pages->PageIsValid()) commands.push_back("SetPage " + ValueText(pages->CurrentPageName()));
   }
   commands.emplace_back("HideSplashScreen");
   commands.emplace_back(session.hasFocus() ? "formGotFocus" : "formLostFocus");
@@ -161,7 +144,7 @@ void ServePage(const std::filesystem::path& dataFolder, const Options& options, 
     server->Close();
     hub.ShutDown();
   });
-  BeginEvening(hub, dataFolder);
+  BeginEvening(hub, session);
   const std::string address = AddressText(options, server->port());
   out << "Vestrel workbench: " << address
       << std::endl;  // NOLINT(performance-avoid-endl): a script may wait for it
