@@ -1,28 +1,12 @@
 #include "workbench/commands/FileWatch.h"
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
+
+#include "workbench/commands/FileText.h"
 
 namespace vestrel::workbench {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-std::string Contents(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream contents;
-  contents << stream.rdbuf();
-  return contents.str();
-}
-
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.generic_u8string();
-  return {text.begin(), text.end()};
-}
-
-}  // namespace
 
 std::string_view FileChangeText(FileChangeKind kind) {
   switch (kind) {
@@ -60,7 +44,7 @@ FileWatch::Picture FileWatch::Look() const {
   Picture picture;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder_)) {
     if (entry.is_regular_file())
-      picture.emplace(Utf8(entry.path().lexically_relative(folder_)), Contents(entry));
+      picture.emplace(PathText(entry.path().lexically_relative(folder_)), FileContents(entry));
   }
   return picture;
 }

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <sstream>
 #include <system_error>
 #include <vector>
 
 #include "core/Convert.h"
 #include "core/Version.h"
 #include "workbench/Options.h"
+#include "workbench/commands/FileText.h"
 #include "workbench/server/Names.h"
 
 namespace vestrel::workbench {
@@ -24,29 +24,16 @@ namespace {
 constexpr int kFormat = 1;
 constexpr std::string_view kLogFile = "vestrel.log";
 
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.generic_u8string();
-  return {text.begin(), text.end()};
-}
-
 fs::path PathFrom(const std::string& utf8) {
   return FromUtf8(utf8);
 }
 
 // Each byte as the character of its number, so that files of text stay readable.
 std::string BytesAsText(const std::string& bytes) {
-  std::string text;
+  std::u16string text;
   text.reserve(bytes.size());
-  for (const char each : bytes) {
-    const auto byte = static_cast<unsigned char>(each);
-    if (byte < 0x80) {
-      text += each;
-    } else {
-      text += static_cast<char>(0xC0U | byte >> 6U);
-      text += static_cast<char>(0x80U | (byte & 0x3FU));
-    }
-  }
-  return text;
+  for (const char byte : bytes) text += static_cast<char16_t>(static_cast<unsigned char>(byte));
+  return ToUtf8(text);
 }
 
 std::string TextAsBytes(const std::string& text) {
@@ -54,13 +41,6 @@ std::string TextAsBytes(const std::string& text) {
   bytes.reserve(text.size());
   for (const char16_t unit : FromUtf8(text)) bytes += static_cast<char>(unit);
   return bytes;
-}
-
-std::string Contents(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream contents;
-  contents << stream.rdbuf();
-  return contents.str();
 }
 
 }  // namespace
@@ -98,14 +78,14 @@ void JournalWriter::Begin(const fs::path& dataFolder, const ClockStart& start) {
 void JournalWriter::WriteFiles(const fs::path& dataFolder) {
   std::uint64_t left = limits_.snapshot;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(dataFolder)) {
-    const std::string name = Utf8(entry.path().lexically_relative(dataFolder));
+    const std::string name = PathText(entry.path().lexically_relative(dataFolder));
     std::error_code same;
     if (name == kLogFile || fs::equivalent(entry.path(), file_, same)) continue;
     if (entry.is_directory()) {
       Write({{"folder", name}});
     } else if (entry.is_regular_file() && entry.file_size() <= left) {
       left -= entry.file_size();
-      Write({{"file", name}, {"bytes", BytesAsText(Contents(entry.path()))}});
+      Write({{"file", name}, {"bytes", BytesAsText(FileContents(entry.path()))}});
     } else {
       Write({{"left", name}});
     }

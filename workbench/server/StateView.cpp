@@ -7,6 +7,7 @@
 
 #include "core/Cast.h"
 #include "core/Convert.h"
+#include "workbench/commands/FileText.h"
 #include "workbench/server/ScreenState.h"
 
 namespace vestrel::workbench {
@@ -25,11 +26,6 @@ struct ItemKind {
 };
 constexpr std::array<ItemKind, 4> kItemKinds{
     {{u".ASQ", "Sequence"}, {u".MUL", "Multi"}, {u".TLN", "Timeline"}, {u".AUT", "Auto"}}};
-
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
 
 // The folder's entries in order of their names; none when it cannot be read.
 std::vector<fs::directory_entry> EntriesOf(const fs::path& folder) {
@@ -50,7 +46,7 @@ bool IsFolder(const fs::directory_entry& entry) {
 json FoldersIn(const fs::path& folder) {
   json names = json::array();
   for (const fs::directory_entry& entry : EntriesOf(folder)) {
-    if (IsFolder(entry)) names.push_back(Utf8(entry.path().filename()));
+    if (IsFolder(entry)) names.push_back(PathText(entry.path().filename()));
   }
   return names;
 }
@@ -61,11 +57,11 @@ void AddItems(const fs::path& folder, const std::string& page, json& items) {
     for (const ItemKind& kind : kItemKinds) {
       if (entry.path().extension().u16string() != kind.extension) continue;
       const bool multi = kind.extension == u".MUL";
-      items.push_back({{"id", page + "/" + Utf8(entry.path().filename())},
+      items.push_back({{"id", page + "/" + PathText(entry.path().filename())},
                        {"type", kind.type},
-                       {"name", Utf8(entry.path().stem())},
+                       {"name", PathText(entry.path().stem())},
                        {"page", page},
-                       {"multi", multi ? Utf8(entry.path().filename()) : std::string()}});
+                       {"multi", multi ? PathText(entry.path().filename()) : std::string()}});
     }
   }
 }
@@ -137,7 +133,7 @@ void StateView::LookAtFolders() {
   if (!pages || pages->showName() == clsPageManager::kNullShow) return;
   const fs::path show = sequences / pages->showName();
   for (const fs::directory_entry& page : EntriesOf(show)) {
-    if (IsFolder(page)) AddItems(page.path(), Utf8(page.path().filename()), items_);
+    if (IsFolder(page)) AddItems(page.path(), PathText(page.path().filename()), items_);
   }
 }
 
