@@ -18,7 +18,7 @@ SimulatedHost::SimulatedHost(const std::filesystem::path& dataFolder, const Cloc
       transport_(MakeRef<TransportBar>(*this)),
       record_(MakeRef<clsRecordController>()),
       controller_(MakeRef<clsButtonGroupController>()) {
-  MakeRef<VestrelStatic>()->Init(appPath_ + u"\\vestrel.log");
+  MakeRef<VestrelStatic>()->Init((appPath_ + u"\\").append(kLogFile));
   record_->Init(transport_.get());
   controller_->Init(form_.get(), appPath_, surface_.get(), record_.get());
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "controller/clsButtonGroupController.h"
 #include "platform/Platform.h"
@@ -28,9 +29,11 @@ namespace vestrel::workbench {
 
 class SimulatedHost {
  public:
-  // Starts the log (vestrel.log in the data folder) and both controllers: no show, page size -1. The folder
-  // exists and its path is absolute; everything the library writes goes into it. Raises what the log raises
-  // when its file cannot be written.
+  // In the data folder.
+  static constexpr std::u16string_view kLogFile = u"vestrel.log";
+
+  // Starts the log and both controllers: no show, page size -1. The folder exists and its path is absolute;
+  // everything the library writes goes into it. Raises what the log raises when its file cannot be written.
   explicit SimulatedHost(const std::filesystem::path& dataFolder, const ClockStart& start = {});
   SimulatedHost(const SimulatedHost&) = delete;
   SimulatedHost& operator=(const SimulatedHost&) = delete;

@@ -12,6 +12,7 @@
 #include "core/Version.h"
 #include "workbench/Options.h"
 #include "workbench/commands/FileText.h"
+#include "workbench/host/SimulatedHost.h"
 #include "workbench/server/Names.h"
 
 namespace vestrel::workbench {
@@ -22,7 +23,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kFormat = 1;
-constexpr std::string_view kLogFile = "vestrel.log";
 
 fs::path PathFrom(const std::string& utf8) {
   return FromUtf8(utf8);
@@ -76,11 +76,12 @@ void JournalWriter::Begin(const fs::path& dataFolder, const ClockStart& start) {
 }
 
 void JournalWriter::WriteFiles(const fs::path& dataFolder) {
+  const fs::path log = dataFolder / SimulatedHost::kLogFile;
   std::uint64_t left = limits_.snapshot;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(dataFolder)) {
     const std::string name = PathText(entry.path().lexically_relative(dataFolder));
     std::error_code same;
-    if (name == kLogFile || fs::equivalent(entry.path(), file_, same)) continue;
+    if (entry.path() == log || fs::equivalent(entry.path(), file_, same)) continue;
     if (entry.is_directory()) {
       Write({{"folder", name}});
     } else if (entry.is_regular_file() && entry.file_size() <= left) {

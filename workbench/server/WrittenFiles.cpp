@@ -5,6 +5,7 @@
 
 #include "core/Convert.h"
 #include "storage/ScratchFile.h"
+#include "workbench/host/SimulatedHost.h"
 
 namespace vestrel::workbench {
 
@@ -13,8 +14,6 @@ using platform::FileStatus;
 using platform::OpenMode;
 
 namespace {
-
-constexpr std::string_view kLogFile = "vestrel.log";
 
 // Whether opening alone changes the file.
 bool IsWritten(OpenMode mode) {
@@ -68,7 +67,7 @@ std::string WrittenFiles::NameOf(std::u16string_view path) const {
   if (path.ends_with(ScratchFile::kSettings) || path.ends_with(ScratchFile::kText)) return {};
   std::string name = WithSlashes(path);
   if (name.starts_with(folder_)) name.erase(0, folder_.size());
-  return name == kLogFile ? std::string() : name;
+  return name == ToUtf8(SimulatedHost::kLogFile) ? std::string() : name;
 }
 
 FileStatus WrittenFiles::Noted(FileStatus status, std::u16string_view path) {
