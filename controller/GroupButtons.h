@@ -23,6 +23,8 @@ constexpr std::int32_t kFirstGroup = 0;
 constexpr std::int32_t kTopGroup = 0;
 constexpr std::int32_t kBumpGroup = 9;
 constexpr std::int32_t kLastGroup = 9;
+// Runs of buttons that a group has, of which it shows one.
+constexpr std::int32_t kRunsPerGroup = 10;
 
 // Group 0 to 9 of a page. Raises 9 for another one, 91 for a page that was never set up.
 Ref<clsButtonGroup> GroupOf(const clsPage& page, std::int32_t groupIndex);

@@ -12,7 +12,7 @@
 namespace vestrel {
 namespace {
 
-constexpr std::int32_t kLastPageOffset = 9;
+constexpr std::int32_t kLastPageOffset = kRunsPerGroup - 1;
 constexpr std::int32_t kBumpFaders = 8;
 // Above every button index.
 constexpr std::int32_t kAboveAll = 999999;

@@ -1,4 +1,5 @@
 // The controller's placing room: validation, putting buttons into groups and taking them out, move and copy.
+#include "controller/ControlIndex.h"
 #include "controller/GroupButtons.h"
 #include "controller/clsButtonGroupController.h"
 #include "core/Cast.h"
@@ -11,8 +12,6 @@ namespace {
 
 constexpr std::u16string_view kAssignContext = u"clsButtonGroupController.assignButton()";
 constexpr std::u16string_view kInternalContext = u"clsButtonGroupController.assignButtonInternal";
-constexpr std::int32_t kTopButtons = 32;
-constexpr std::int32_t kRunsPerGroup = 10;
 
 [[noreturn]] void Refuse(BGCErrors number, std::int32_t value, std::u16string_view what,
                          std::u16string_view context) {
@@ -47,8 +46,8 @@ void clsButtonGroupController::ValidateGroup(std::int32_t groupIndex, std::u16st
 void clsButtonGroupController::ValidateButtonIndex(std::int32_t groupIndex, std::int32_t buttonIndex,
                                                    std::u16string_view context) const {
   ValidateGroup(groupIndex, context);
-  const std::int32_t last =
-      groupIndex == kTopGroup ? kTopButtons : MultiplyChecked(buttonsPerGroup_, kRunsPerGroup);
+  const std::int32_t last = groupIndex == kTopGroup ? modControlIndex::kTopButtons
+                                                    : MultiplyChecked(buttonsPerGroup_, kRunsPerGroup);
   if (buttonIndex >= 1 && buttonIndex <= last) return;
   Refuse(BGCErr_ButtonIndexOutOfRange, buttonIndex, u" - invalid buttonIndex: ", context);
 }

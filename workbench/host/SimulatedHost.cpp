@@ -1,6 +1,7 @@
 #include "workbench/host/SimulatedHost.h"
 
 #include "controller/ControlIndex.h"
+#include "controller/GroupButtons.h"
 #include "core/Cast.h"
 #include "util/VestrelStatic.h"
 
@@ -76,7 +77,7 @@ void SimulatedHost::LoadShow(std::u16string_view showName) {
 void SimulatedHost::LayOut() {
   if (pageSize_ < 1) return;
   controller_->resetVisibility();
-  for (std::int32_t group = 0; group <= 9; ++group) LayOutGroup(group);
+  for (std::int32_t group = kFirstGroup; group <= kLastGroup; ++group) LayOutGroup(group);
 }
 
 void SimulatedHost::LayOutGroup(std::int32_t groupIndex) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controller/GroupButtons.h"
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/LetterCase.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr std::size_t kMostResults = 100;
 constexpr std::int64_t kMostRows = 500;
-constexpr std::int32_t kGroups = 10;
 
 // As the library compares names.
 std::u16string Folded(std::u16string text) {
@@ -33,7 +33,7 @@ json FoundButton(const clsPage& page, const clsButton& button) {
 
 // Adds what fits; answers whether there was room for all.
 bool AddFrom(const clsPage& page, const std::u16string& wanted, json& results) {
-  for (std::int32_t number = 0; number < kGroups; ++number) {
+  for (std::int32_t number = kFirstGroup; number <= kLastGroup; ++number) {
     const Ref<clsButtonGroup> group = page.ButtonGroups(number);
     for (std::int32_t i = 0; group && i < group->buttons->Size(); ++i) {
       const Ref<Object> item = group->buttons->GetItem(i);

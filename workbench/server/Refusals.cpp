@@ -7,6 +7,7 @@
 #include <span>
 
 #include "controller/ControlIndex.h"
+#include "controller/GroupButtons.h"
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/Error.h"
@@ -25,9 +26,6 @@ using Check = void (*)(const Words&, WorkSession&);
 // What comes back of one value of a settings file.
 constexpr std::size_t kLongestValue = 254;
 constexpr std::int32_t kLargestPageSize = 100;
-constexpr std::int32_t kRunsPerGroup = 10;
-constexpr std::int32_t kTopGroup = 0;
-constexpr std::int32_t kBumpGroup = 9;
 
 void RefuseFor(const std::string& problem) {
   if (!problem.empty()) throw Refusal(problem);
@@ -51,7 +49,7 @@ clsButtonGroupController& Controller(WorkSession& session) {
 
 Ref<clsButtonGroup> GroupOfPage(WorkSession& session, std::int32_t group) {
   const Ref<clsPageManager> pages = Controller(session).PageManager();
-  if (!pages || group < kTopGroup || group > kBumpGroup) return nullptr;
+  if (!pages || group < kFirstGroup || group > kLastGroup) return nullptr;
   return pages->CurrentPage()->ButtonGroups(group);
 }
 

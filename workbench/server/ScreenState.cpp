@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controller/ControlIndex.h"
+#include "controller/GroupButtons.h"
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "recording/vxEvent.h"
@@ -14,10 +15,7 @@ using nlohmann::json;
 
 namespace {
 
-constexpr std::int32_t kTopGroup = 0;
-constexpr std::int32_t kBumpGroup = 9;
 constexpr std::int32_t kFaders = 8;
-constexpr std::int32_t kRunsPerGroup = 10;
 
 Ref<clsPage> CurrentPage(WorkSession& session) {
   const Ref<clsPageManager> pages = session.host().controller().PageManager();
@@ -165,7 +163,7 @@ const char* WaitingText(EditModeEnum mode, bool picked) {
 json FlashingControls(WorkSession& session, EditModeEnum mode) {
   json controls = json::array();
   if (mode == EditMode_None) return controls;
-  for (std::int32_t number = kTopGroup; number <= kBumpGroup; ++number) {
+  for (std::int32_t number = kFirstGroup; number <= kLastGroup; ++number) {
     const Ref<clsButtonGroup> group = Group(session, number);
     if (!group) continue;
     const bool holdsOne = number == kTopGroup || number == kBumpGroup;

@@ -5,6 +5,7 @@
 #include <set>
 #include <system_error>
 
+#include "controller/GroupButtons.h"
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "workbench/commands/FileText.h"
@@ -17,7 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::int32_t kGroups = 10;
 constexpr std::array<std::int32_t, 6> kPageSizes{8, 9, 10, 12, 16, 20};
 
 struct ItemKind {
@@ -93,7 +93,7 @@ StateView::Keys StateView::Derive() {
                     {"focus", session_.hasFocus()},
                     {"sizes", kPageSizes},
                     {"releaseOnPlay", session_.host().releaseOnPlay()}};
-  for (std::int32_t group = 0; group < kGroups; ++group) {
+  for (std::int32_t group = kFirstGroup; group <= kLastGroup; ++group) {
     keys["group." + std::to_string(group)] = GroupState(session_, group);
   }
   keys["surface"] = SurfaceState(session_);
