@@ -2,23 +2,22 @@
 // library answers or raises. The seeds are fixed; a failure repeats.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 #include <string_view>
 
 #include "tests/component/CallerPool.h"
 #include "tests/support/Errors.h"
 #include "tests/support/LogFixture.h"
+#include "tests/support/Scale.h"
 
 namespace vestrel::component {
 namespace {
 
 constexpr int kCallsARound = 250;
 
-// Some ten thousand calls; a million with VESTREL_SCALE=long in the environment.
+// Some ten thousand calls, or a million.
 int Rounds() {
-  const char* const scale = std::getenv("VESTREL_SCALE");
-  return scale != nullptr && std::string_view(scale) == "long" ? 1000000 / kCallsARound : 100;
+  return test::RunsLong() ? 1000000 / kCallsARound : 100;
 }
 
 class Caller {

@@ -5,17 +5,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <string_view>
 
+#include "tests/support/Scale.h"
 #include "tests/support/SeamFiles.h"
 
 namespace vestrel::test {
-
-// The whole of a test, with VESTREL_SCALE=long in the environment; a part of it otherwise.
-inline bool RunsLong() {
-  const char* const scale = std::getenv("VESTREL_SCALE");
-  return scale != nullptr && std::string_view(scale) == "long";
-}
 
 // How often, from the environment where it says so.
 inline int Times(const char* variable, int otherwise) {
@@ -57,7 +51,6 @@ class FaultPoint {
   std::u16string exempt;
 
   int Calls() const { return calls_; }
-  bool IsReached() const { return at != 0 && calls_ >= at; }
   void Begin(int point, const Fault& kind) {
     calls_ = 0;
     at = point;

@@ -1,7 +1,6 @@
 // Random operator sequences, the library against a simple model: after every operation both hold the same
 // show, the derived state (what plays, the highlight, the lamps) is what the buttons say, and the page file
 // gives the page back. Seeds are fixed; the full suite runs ten times as many as the quick one.
-#include <cstdlib>
 #include <optional>
 #include <random>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "tests/controller/ControllerFixture.h"
 #include "tests/scenarios/OperatorModel.h"
+#include "tests/support/Scale.h"
 
 namespace vestrel::test {
 namespace {
@@ -628,13 +628,9 @@ void OperatorModelTest::Run(unsigned seed) {
   transcript.onCall = nullptr;
 }
 
-int SeedsPerCase() {
-  const char* const scale = std::getenv("VESTREL_SCALE");
-  return scale != nullptr && std::string_view(scale) == "long" ? kSeedsInFull : 1;
-}
-
 TEST_P(OperatorModelTest, TheLibraryAndTheModelAgreeAfterEveryOperation) {
-  for (int i = 0; i < SeedsPerCase(); ++i) {
+  const int seeds = RunsLong() ? kSeedsInFull : 1;
+  for (int i = 0; i < seeds; ++i) {
     ASSERT_NO_FATAL_FAILURE(Run(static_cast<unsigned>(GetParam() * kSeedsInFull + i)));
   }
 }

@@ -2,7 +2,6 @@
 // consistent, nothing has leaked and the controller still works. All pairs are served; none is refused.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <string_view>
@@ -10,15 +9,11 @@
 
 #include "core/Error.h"
 #include "tests/scenarios/Scene.h"
+#include "tests/support/Scale.h"
 #include "util/modLog.h"
 
 namespace vestrel::test {
 namespace {
-
-bool IsFullSuite() {
-  const char* const scale = std::getenv("VESTREL_SCALE");
-  return scale != nullptr && std::string_view(scale) == "long";
-}
 
 // What makes the callback come.
 struct Trigger {
@@ -156,10 +151,10 @@ TEST_P(CallbackTest, EveryOperationIsServedInside) {
   const Trigger& trigger = Triggers()[GetParam()];
   const long before = Object::LiveCount();
   // The quick suite takes every third pair, another third for each row.
-  const std::size_t step = IsFullSuite() ? 1 : 3;
+  const std::size_t step = RunsLong() ? 1 : 3;
   for (std::size_t i = GetParam() % step; i < HostActions().size(); i += step) {
     const HostAction& action = HostActions()[i];
-    for (int depth = 1; depth <= (IsFullSuite() ? 3 : 1); ++depth) {
+    for (int depth = 1; depth <= (RunsLong() ? 3 : 1); ++depth) {
       const int runs = RunPair(trigger, action, depth);
       EXPECT_GT(runs, 0) << "the callback did not come";
       ASSERT_EQ(Object::LiveCount(), before) << action.name << " leaks";
@@ -214,7 +209,7 @@ TEST_F(ReentrancyTest, EveryCallbackOfTheHostIsCovered) {
 
 // Random operations, any of which may come inside any callback of another, eight levels deep.
 TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
-  const int rounds = IsFullSuite() ? 4000 : 200;
+  const int rounds = RunsLong() ? 4000 : 200;
   std::mt19937 random(7);
   const auto any = [&](std::size_t limit) {
     return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
