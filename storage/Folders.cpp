@@ -3,14 +3,12 @@
 #include "core/FileError.h"
 #include "core/clsObjectList.h"
 #include "platform/Platform.h"
-#include "platform/Uninterrupted.h"
 #include "storage/FileIo.h"
 #include "util/modLog.h"
 
 namespace vestrel::modUtils {
 
 using platform::FileStatus;
-using platform::Uninterrupted;
 
 namespace {
 

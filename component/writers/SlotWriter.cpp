@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "component/ClassDescription.h"
-#include "component/Enumerations.h"
 #include "core/Convert.h"
 
 namespace vestrel::component {

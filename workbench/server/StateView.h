@@ -28,7 +28,6 @@ class StateView {
   using Keys = std::map<std::string, nlohmann::json>;
   Keys Derive();
   nlohmann::json Show();
-  nlohmann::json Items();
   void LookAtFolders();
 
   WorkSession& session_;
