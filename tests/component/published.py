@@ -104,6 +104,12 @@ def idl_record(text):
     return [(name, int(size)) for name, size in re.findall(r"^    long (\w+)\[(\d+)\];$", body, re.M)]
 
 
+def idl_classes(text):
+    """Each class with its interfaces, its own first."""
+    return [" ".join([name, *re.findall(r"interface _(\w+);", body)])
+            for name, body in re.findall(r"\n  coclass (\w+)\n  \{\n(.*?)\n  \}", text, re.S)]
+
+
 # ---- The type library
 
 
@@ -112,7 +118,7 @@ class TypeLibrary:
 
     PLAIN = {2: "short", 3: "long", 4: "single", 8: "string", 9: "object", 11: "boolean", 12: "variant", 17: "byte"}
     POINTER, ARRAY, NAMED = 26, 27, 29
-    ENUMERATION, RECORD, INTERFACE, DISPATCH = 0, 1, 3, 4
+    ENUMERATION, RECORD, INTERFACE, DISPATCH, CLASS = 0, 1, 3, 4, 5
     LONG, FIXED_ARRAY = 3, 28
 
     def __init__(self, data):
@@ -196,6 +202,24 @@ class TypeLibrary:
                 lines += [f"{name} {member} {self.default(value, 'long')}" for member, _, value in self.variables(at)]
         return lines
 
+    def classes(self):
+        """Each class with its interfaces, its own first."""
+        return [f"{self.type_name(at)} {' '.join(self.implemented(at))}"
+                for at in self.types if self.word(at) & 0xF == self.CLASS]
+
+    def implemented(self, at):
+        names = []
+        reference = self.word(at + 0x54)
+        while reference != -1:
+            record = self.segments[3] + reference
+            target = self.word(record)
+            assert target & 3 == 0  # in this library
+            names.append(self.type_name(self.segments[0] + target)[1:])
+            assert (self.word(record + 4) & 1 == 1) == (len(names) == 1)  # the first is the default
+            reference = self.word(record + 12)
+        assert len(names) == struct.unpack_from("<h", self.data, at + 0x4C)[0]
+        return names
+
     def record(self, wanted):
         """The members of a record of arrays of long: (name, size)."""
         for at in self.types:
@@ -257,6 +281,19 @@ class TypeLibrary:
         return result
 
 
+def fixed_classes(slots):
+    """Each class with its interfaces, which its slots of prefixed names tell."""
+    result = {}
+    for line in slots:
+        if not line.startswith(" "):
+            names = result.setdefault(line, [line])
+            continue
+        interface = re.match(r"  \d+ (?:\w+ )?(I\w+?)_\w+\(", line)
+        if interface and interface.group(1) not in names:
+            names.append(interface.group(1))
+    return [f"{name} {' '.join(names)}" for name, names in result.items()]
+
+
 def compare(what, expected, actual):
     if expected == actual:
         print(f"{what}: {len(expected)} lines agree")
@@ -267,7 +304,7 @@ def compare(what, expected, actual):
 
 def read_text(tool):
     text = subprocess.run([tool, "idl"], check=True, capture_output=True, encoding="utf-8").stdout
-    return idl_lines(text), idl_enumerations(text), idl_record(text)
+    return idl_lines(text), idl_enumerations(text), idl_record(text), idl_classes(text)
 
 
 def read_library(path, fixed):
@@ -279,14 +316,15 @@ def read_library(path, fixed):
     lines = []
     for name in sorted(interfaces, key=lambda name: order.get(name, len(fixed))):
         lines += [name] + interfaces[name]
-    return lines, library.enumerations(), library.record("TUIFaderValues")
+    return lines, library.enumerations(), library.record("TUIFaderValues"), library.classes()
 
 
 def main(what, slots, enumerations, source):
     fixed = fixed_lines(slots)
-    lines, members, record = read_text(source) if what == "idl" else read_library(source, fixed)
+    lines, members, record, classes = read_text(source) if what == "idl" else read_library(source, fixed)
     wrong = compare("slots", fixed, lines)
     wrong += compare("enumerations", sorted(fixed_lines(enumerations)), sorted(members))
+    wrong += compare("classes", sorted(fixed_classes(fixed)), sorted(classes))
     wrong += compare("record", ["GroupFaders 8", "BumpFaders 8"], [f"{name} {size}" for name, size in record])
     return 1 if wrong else 0
 
