@@ -58,9 +58,18 @@ class Caller {
         return In(u"C:\\data\\" + std::u16string(1 + Below(3), static_cast<char16_t>(u'a' + Below(3))));
       case ValueType::Boolean:
         return In(Below(2) == 0);
+      case ValueType::Array:
+        return In(SomeArray());
+      case ValueType::FaderValues:
+        return In(ObjectOf("UIFaderValues"));
       default:
         return In(static_cast<std::int32_t>(Below(14)) - 2);
     }
+  }
+  Variant SomeArray() {
+    auto array = MakeRef<ValueArray>();
+    for (std::size_t size = Below(5); size > 0; --size) array->items.push_back(Pick(values_));
+    return array;
   }
   Variant ObjectOf(std::string_view className) {
     for (int attempt = 0; attempt < 60; ++attempt) {
