@@ -2,6 +2,7 @@
 // missing ones, values of other types, and what a failing call tells.
 #include "tests/component/host/Check.h"
 #include "tests/component/host/Program.h"
+#include "tests/component/host/ScriptedHost.h"
 #include "tests/component/host/Session.h"
 
 namespace host {
@@ -187,6 +188,46 @@ void Failures() {
            kNumbered + 7155);
 }
 
+// The ways in which automation objects tell why they fail.
+void TellCode(EXCEPINFO& information) {
+  information.wCode = 55;
+  information.bstrDescription = SysAllocString(L"by a short code");
+}
+HRESULT STDMETHODCALLTYPE FillIn(EXCEPINFO* information) {
+  information->scode = kNumbered + 56;
+  information->bstrSource = SysAllocString(L"later");
+  information->bstrDescription = SysAllocString(L"filled in when asked");
+  return S_OK;
+}
+void TellLater(EXCEPINFO& information) {
+  information.pfnDeferredFillIn = FillIn;
+}
+void TellNothing(EXCEPINFO& /*information*/) {}
+
+void FailingCallbacks() {
+  const Value list = Create(L"clsObjectList");
+  Call(list, L"AddItem", {Box(1)});
+  ScriptedHost predicate({L"IsTrueFor"});
+  predicate.actions[L"IsTrueFor"] = [](std::vector<Value>&) { return kNumbered + 321; };
+  const Value where(&predicate);
+  const auto check = [&](HRESULT number, const wchar_t* source, const wchar_t* description) {
+    const Answer answer = Invoke(list, L"FirstIndexWhere", {Plain(where)});
+    CHECK_EQ(answer.code, DISP_E_EXCEPTION);
+    CHECK_EQ(answer.number, number);
+    CHECK_EQ(answer.source, source);
+    CHECK_EQ(answer.description, description);
+  };
+  check(kNumbered + 321, L"the host", L"the host failed");
+  predicate.tells = TellCode;
+  check(kNumbered + 55, L"Vestrel host", L"by a short code");
+  predicate.tells = TellLater;
+  check(kNumbered + 56, L"later", L"filled in when asked");
+  predicate.tells = TellNothing;
+  const Answer answer = Invoke(list, L"FirstIndexWhere", {Plain(where)});
+  CHECK_EQ(answer.code, DISP_E_EXCEPTION);
+  CHECK_EQ(answer.number, E_FAIL);
+}
+
 void Properties() {
   const Value button = Create(L"clsButton");
   const Value five(5);
@@ -219,6 +260,7 @@ int Run(const wchar_t* path) {
   Named();
   Conversions();
   Failures();
+  FailingCallbacks();
   Properties();
   return Totals("late bound");
 }

@@ -65,6 +65,10 @@ HRESULT ScriptedHost::Invoke(DISPID id, REFIID /*reserved*/, LCID /*locale*/, WO
     if (FAILED(code)) {
       if (information == nullptr) return code;
       *information = {};
+      if (tells) {
+        tells(*information);
+        return DISP_E_EXCEPTION;
+      }
       information->scode = code;
       information->bstrSource = SysAllocString(L"the host");
       information->bstrDescription = SysAllocString(L"the host failed");

@@ -22,6 +22,8 @@ class ScriptedHost final : public IDispatch {
   std::map<std::wstring, Value> answers;
   // Called with the arguments of each call of that name, first argument first; its result is the call's.
   std::map<std::wstring, std::function<HRESULT(std::vector<Value>& arguments)>> actions;
+  // Fills the information on a failing action in another way than with the failure's code and fixed texts.
+  std::function<void(EXCEPINFO& information)> tells;
   // How many references there are.
   ULONG references() const { return references_; }
   bool Logged(const wchar_t* entry) const;
