@@ -4,9 +4,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/component/host/EarlyHandlers.h"
 #include "tests/component/host/Program.h"
-#include "tests/component/host/ScriptedHost.h"
-#include "tests/component/host/Session.h"
 
 namespace host {
 namespace {
@@ -32,6 +31,21 @@ std::vector<std::wstring> FormNames() {
           L"HideSplashScreen",
           L"CreateMarkFadeButton",
           L"PromptButtonOverwrite"};
+}
+
+std::vector<std::wstring> BarNames() {
+  return {L"UpdateTimecodeDisplay", L"SetTimerEnabled",     L"TransportStateChanged",
+          L"NewEventRecorded",      L"CurrentPlayingEvent", L"RefreshList"};
+}
+
+std::string LogText() {
+  std::ifstream file(Narrow(folder) + "log.txt", std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+void ExpectLogged(const char* text) {
+  Checked(LogText().find(text) != std::string::npos, "was logged:", text, 0);
 }
 
 bool FileExists(const std::wstring& path) {
@@ -73,14 +87,12 @@ void Lists() {
   CHECK_EQ(Call(more, L"JoinStrings", {L", "}).text(), L"a, b");
   CHECK_EQ(Call(more, L"JoinStrings", {L", ", 1}).text(), L"a");
 
-  ScriptedHost observer({L"ItemAdded", L"ItemRemoved"});
-  if (door == &LateBound()) {
-    Call(list, L"SetEventHandler", {&observer, first});
-    Call(list, L"AddItem", {Box(9)});
-    CHECK_EQ(observer.Last(), L"ItemAdded(<clsObjectList>,<clsLong>,3,<clsLong>)");
-    Call(list, L"Remove", {3});
-    CHECK_EQ(observer.Last(), L"ItemRemoved(<clsObjectList>,<clsLong>,3,<clsLong>)");
-  }
+  AnyHost<EarlyListHandler> observer({L"ItemAdded", L"ItemRemoved"});
+  Call(list, L"SetEventHandler", {observer.object(), first});
+  Call(list, L"AddItem", {Box(9)});
+  observer.Expect(L"ItemAdded(<clsObjectList>,<clsLong>,3,<clsLong>)", L"ItemAdded(3)");
+  Call(list, L"Remove", {3});
+  observer.Expect(L"ItemRemoved(<clsObjectList>,<clsLong>,3,<clsLong>)", L"ItemRemoved(3)");
   Call(list, L"SetEventHandler", {Create(L"IObjListEventHandler"), None()});
   CHECK_EQ(observer.references(), 1UL);
 
@@ -184,7 +196,14 @@ void Utilities() {
   CHECK_EQ(Call(helper, L"Basename", {L"C:\\a\\b.txt"}).text(), L"b.txt");
   CHECK_EQ(Call(helper, L"Basename", {L"a/b", L"/"}).text(), L"b");
   CHECK_EQ(Call(helper, L"RemoveFileExt", {L"show.ini"}).text(), L"show");
-  Call(helper, L"deleteINI", {folder.c_str(), L"no show", L"no page"});
+  const std::wstring root = folder.substr(0, folder.size() - 1);
+  for (const wchar_t* name : {L"Sequences", L"Sequences\\gone", L"Sequences\\gone\\page"})
+    CreateDirectoryW((folder + name).c_str(), nullptr);
+  const std::wstring settings = folder + L"Sequences\\gone\\page\\pageSetting.ini";
+  std::ofstream(Narrow(settings)) << "[x]\n";
+  CHECK(FileExists(settings));
+  Call(helper, L"deleteINI", {root.c_str(), L"gone", L"page"});
+  CHECK(!FileExists(settings));
   CHECK_EQ(Call(helper, L"globalToLocalControlIndex", {8, 41}).number(), 1);
   CHECK_EQ(Call(helper, L"controlIndexFromButtonIndex", {8, 2, 3}).number(), 43);
   CHECK_EQ(Call(helper, L"returnGroupFromPosition", {8, 41}).number(), 2);
@@ -214,7 +233,7 @@ void Utilities() {
   CHECK(!Call(capture, L"ParseItems", {targets}).truth());
   const Value item = Create(L"clsFormatCaptureItem");
   CheckProperty(item, L"strValue", L"12");
-  CheckProperty(item, L"itemType", 0);
+  CheckProperty(item, L"itemType", 1);
 
   const Value global = Create(L"GlobalButtons");
   CheckProperty(global, L"LoggingEnabled", true);
@@ -249,13 +268,7 @@ void CapturedNumbers() {
   Value targets;
   V_VT(targets.raw()) = VT_ARRAY | VT_VARIANT;
   V_ARRAY(targets.raw()) = SafeArrayCreateVector(VT_VARIANT, 0, 2);
-  Value reference;
-  V_VT(reference.raw()) = VT_BYREF | VT_VARIANT;
-  V_VARIANTREF(reference.raw()) = targets.raw();
-  const Value parsed = door == &LateBound() ? Call(capture, L"ParseItems", {ByRef(targets)})
-                                            : Call(capture, L"ParseItems", {ByRef(targets)});
-  V_VT(reference.raw()) = VT_EMPTY;
-  CHECK(parsed.truth());
+  CHECK(Call(capture, L"ParseItems", {ByRef(targets)}).truth());
   Value element;
   for (LONG i = 0; i < 2; ++i) {
     SafeArrayGetElement(V_ARRAY(targets.raw()), &i, element.raw());
@@ -468,35 +481,21 @@ void PageManagers() {
   CHECK(Call(manager, L"TestShowWritable").truth());
 }
 
-// A host of callbacks: a scripted one late bound; the empty classes through the slots, which take no others.
-struct Callbacks {
-  ScriptedHost scripted{FormNames()};
-  ScriptedHost lamps{{L"setLED", L"StartLEDTimer", L"EndLEDTimer"}};
-  Value form;
-  Value setter;
-
-  Callbacks() {
-    const bool late = door == &LateBound();
-    form = late ? Value(&scripted) : Create(L"IFormSequenceShortcuts");
-    setter = late ? Value(&lamps) : Create(L"ILEDSetter");
-  }
-  void Expect(const wchar_t* entry) const {
-    if (door != &LateBound()) return;
-    std::string told;
-    for (const std::wstring& line : scripted.log) told += Narrow(line) + " ";
-    Checked(scripted.Logged(entry), "the form was told", Narrow(entry).c_str(), 0, "but " + told);
-  }
-};
+std::vector<std::wstring> LampNames() {
+  return {L"setLED", L"StartLEDTimer", L"EndLEDTimer"};
+}
 
 void Controllers() {
   const std::wstring root = folder.substr(0, folder.size() - 1);
-  Callbacks host;
+  AnyHost<EarlyForm> host(FormNames());
+  AnyHost<EarlyLamps> lamps(LampNames());
   const Value recorder = Create(L"clsRecordController");
   Call(recorder, L"Init", {Create(L"IRecordEventHandler")});
   const Value controller = Create(L"clsButtonGroupController");
-  Call(controller, L"Init", {host.form, root.c_str(), host.setter, recorder});
+  Call(controller, L"Init", {host.object(), root.c_str(), lamps.object(), recorder});
   CHECK(Get(controller, L"recordController").object() == recorder.object());
   CHECK(Get(controller, L"persist").truth());
+  CheckProperty(controller, L"persist", false);
   CheckProperty(controller, L"persist", true);
   PutRef(controller, L"mLEDManager", Get(controller, L"mLEDManager"));
   CHECK_EQ(ClassName(Get(controller, L"mLEDManager").object()), L"LEDManager");
@@ -511,6 +510,7 @@ void Controllers() {
   CHECK_EQ(Call(Call(controller, L"GetPageNames"), L"Size").number(), 1);
   CHECK_EQ(Get(Get(controller, L"PageManager"), L"CurrentPageName").text(), L"one");
   Call(controller, L"InfoDump");
+  ExpectLogged(" - number of pages: 1");
   Call(controller, L"HideSplashScreen");
   host.Expect(L"HideSplashScreen()");
 
@@ -525,9 +525,16 @@ void Controllers() {
   CHECK_EQ(Get(intro, L"playState").number(), 1);
   CHECK(clicked.object() == intro.object());
   host.Expect(L"ButtonStateChanged(<Intro>,1,0,2.5,3.5)");
-  Call(controller, L"controlPressed", {33});
-  Call(controller, L"controlReleased", {33});
+  const Value pressed = Call(controller, L"buttonWithIndex", {9, 1});
+  const int bumpControl = 32 + 8 * 8 + 1;
+  Call(controller, L"controlPressed", {bumpControl});
+  CHECK_EQ(Get(pressed, L"faderValue").number(), 100);
+  CHECK_EQ(Get(pressed, L"playState").number(), 1);
+  Call(controller, L"controlReleased", {bumpControl});
+  CHECK_EQ(Get(pressed, L"faderValue").number(), 0);
+  CHECK_EQ(Get(pressed, L"playState").number(), 0);
   Call(controller, L"fakeMouseUp", {33, L"test"});
+  ExpectLogged("fake mouseUp from [33] from [test]");
   Call(controller, L"buttonGroupGo", {1, 2, 1.5, true});
   host.Expect(L"GoFromSubmaster(<Chase>,2,1.5,True)");
   Call(controller, L"releaseButtonsOnPage", {1});
@@ -570,31 +577,51 @@ void Controllers() {
   Call(controller, L"ChangeFaderMode", {2});
   CHECK_EQ(Get(intro, L"FaderMode").number(), 2);
   host.Expect(L"FaderModeChanged(<Intro>)");
-  host.scripted.answers[L"RenameButton"] = L"Opening";
+  host.scripted.answers[L"RenameButton"] = L"Renamed";
   Call(controller, L"RenameButton");
-  if (door == &LateBound()) CHECK_EQ(Get(intro, L"name").text(), L"Opening");
-  Call(controller, L"AssignMarkFade", {0});
+  CHECK_EQ(Get(intro, L"name").text(), L"Renamed");
+  Call(controller, L"setModeEditing", {true});
+  Call(controller, L"controlClicked", {33, 1, 0, 0.0, 0.0});
+  Call(controller, L"AssignMarkFade", {1});
+  host.Expect(L"CreateMarkFadeButton(<Renamed Fade>,Renamed,1)");
+  const Value fade = Call(controller, L"buttonWithIndex", {1, 2});
+  CHECK_EQ(Get(fade, L"name").text(), L"Renamed Fade");
   Call(controller, L"setModeMove");
   Call(controller, L"CancelEditMode");
   Call(controller, L"setModeCopy");
   Call(controller, L"CancelEditMode");
   CHECK(Call(controller, L"setModeAdjFadeInOut").object() == intro.object());
+  Call(intro, L"setPlayState", {0, 0, 0, 0, 0.0, 0.0});
   Call(controller, L"beginEditCue");
-  ScriptedHost assignment({L"CompleteAssignment"});
-  const Value callback = door == &LateBound() ? Value(&assignment) : Create(L"IAssignmentCallback");
-  Call(controller, L"setModeAssign", {L"Assigned", 1, callback});
+  CHECK_EQ(Get(intro, L"playState").number(), 1);
+  AnyHost<EarlyAssignment> assignment({L"CompleteAssignment"});
+  Call(controller, L"setModeAssign", {L"Assigned", 1, assignment.object()});
   host.Expect(L"SetFlashing(True)");
   Call(controller, L"autoAssignNextAvailable", {1});
-  if (door == &LateBound()) CHECK_EQ(assignment.log.size(), static_cast<std::size_t>(1));
+  assignment.Expect(L"CompleteAssignment(False)");
   Call(controller, L"CancelEditMode");
-  Call(controller, L"removeButton", {Call(controller, L"buttonWithIndex", {1, 3})});
+  const int all = Call(Call(controller, L"getButtons"), L"Size").number();
+  Call(controller, L"removeButton", {fade});
+  CHECK_EQ(Call(Call(controller, L"getButtons"), L"Size").number(), all - 1);
   Call(controller, L"DeleteButton", {true});
+  host.Expect(L"DeleteButton(<Renamed>,True)");
+  CHECK_EQ(Call(Call(controller, L"getButtons"), L"Size").number(), all - 2);
 
+  const Value current = Get(Get(controller, L"PageManager"), L"CurrentPage");
+  const Value groupFader = Get(Get(current, L"ButtonGroups", {1}), L"Fader");
+  Call(groupFader, L"SetValue", {20, true});
   Call(controller, L"groupFaderChanged", {1, 0});
+  host.Expect(L"UpdateFaderModelValue(0,1,0,True,none)");
+  CHECK_EQ(Get(groupFader, L"value").number(), 0);
+  // The outer fader picks the value up before it moves it.
   Call(controller, L"BumpFaderChanged", {1, 0, true});
-  Value faders = door == &LateBound() ? Value() : Value();
+  Call(controller, L"BumpFaderChanged", {1, 40, true});
+  CHECK_EQ(Get(Call(controller, L"buttonWithIndex", {9, 1}), L"faderValue").number(), 40);
+  Call(controller, L"BumpFaderChanged", {1, 0, true});
+  Value faders;
   Call(controller, L"GetUIFaderValues", {ByRef(faders)});
   if (door == &LateBound()) CHECK_EQ(ClassName(faders.object()), L"UIFaderValues");
+  host.Expect(L"GetUIFaderValues(<UIFaderValues>)", L"GetUIFaderValues(0)");
   Call(controller, L"UpdateFaderModelValue", {0, 1, 55, true});
   host.Expect(L"UpdateFaderModelValue(0,1,55,True,none)");
   Call(controller, L"PushCurrentGroupFaderValues");
@@ -604,16 +631,32 @@ void Controllers() {
   Call(controller, L"IButtonEventHandler_PlayStateChanged", {bump, 0, 0, 0, 0.0, 0.0});
   host.Expect(L"HighlightBump(1,False)");
   Call(controller, L"IButtonEventHandler_LockStateChanged", {bump});
+  host.Expect(L"LockStateChanged(<Bump>)");
   Call(controller, L"IButtonEventHandler_FaderModeChanged", {bump});
+  host.Expect(L"FaderModeChanged(<Bump>)");
   Call(controller, L"IButtonEventHandler_FaderValueChanged", {bump, true});
   host.Expect(L"UpdateFaderUI(1,1,0)");
   Call(controller, L"IButtonEventHandler_DeferPlaystateFor", {None(), bump, 1, 50});
-  const Value group = Get(Get(Get(controller, L"PageManager"), L"CurrentPage"), L"ButtonGroups", {9});
-  Call(controller, L"IObjListEventHandler_ItemAdded", {Get(group, L"buttons"), bump, 0, group});
-  Call(controller, L"IObjListEventHandler_ItemRemoved", {Get(group, L"buttons"), bump, 0, group});
+  // A list of one, which the group does not have: the first item becomes the highlight, the last one leaves
+  // none.
+  const Value group = Get(current, L"ButtonGroups", {3});
+  const Value only = Create(L"clsObjectList");
+  Call(only, L"AddItem", {bump});
+  Call(controller, L"IObjListEventHandler_ItemAdded", {only, bump, 0, group});
+  CHECK(Get(group, L"highlightedButton").object() == bump.object());
+  Call(only, L"Clear");
+  Call(controller, L"IObjListEventHandler_ItemRemoved", {only, bump, 0, group});
+  CHECK(Get(group, L"highlightedButton").object() == nullptr);
 
+  Call(current, L"LostFocus");
+  CHECK(!Get(groupFader, L"Engaged").truth());
+  Call(current, L"GotFocus");
+  host.Expect(L"UpdateFaderModelValue(0,8,0,True,none)", L"UpdateFaderModelValue(0,8,0,0,none)");
   Call(controller, L"formLostFocus");
+  lamps.Expect(L"EndLEDTimer()");
+  Call(controller, L"assignButton", {4, 1, L"Late", 1});
   Call(controller, L"formGotFocus");
+  lamps.Expect(L"setLED(245,8,True)");
   Call(controller, L"RefocusCurrentPage");
   Call(controller, L"clearAll");
   host.Expect(L"RefreshPage(0,0,none)");
@@ -670,19 +713,41 @@ void Interfaces() {
 }
 
 void Lamps() {
-  ScriptedHost setter({L"setLED", L"StartLEDTimer", L"EndLEDTimer"});
-  const bool late = door == &LateBound();
+  AnyHost<EarlyLamps> setter(LampNames());
   const Value manager = Create(L"LEDManager");
-  Call(manager, L"Init", {late ? Value(&setter) : Create(L"ILEDSetter")});
+  Call(manager, L"Init", {setter.object()});
   Call(manager, L"setButtonsInGroups1To8", {3, true, false});
-  if (late) CHECK(setter.Logged(L"setLED(245,4,True)"));
+  setter.Expect(L"setLED(245,4,True)");
   Call(manager, L"setButtonInTop32", {16, true, true});
-  if (late) CHECK(setter.Logged(L"StartLEDTimer()"));
+  setter.Expect(L"StartLEDTimer()");
   CHECK_EQ(Try(manager, L"setButtonInTop32", {33, true, true}).error, 9);
   Call(manager, L"TimerTick");
-  if (late) CHECK(setter.Logged(L"setLED(246,-32768,True)"));
+  setter.Expect(L"setLED(246,-32768,True)");
   Call(manager, L"clearAll");
-  if (late) CHECK(setter.Logged(L"setLED(247,-1,False)"));
+  setter.Expect(L"setLED(247,-1,False)");
+}
+
+// An event and a list of one, written under an open file's number and read back.
+void EventFiles(const Value& event, const Value& list, const Value& map) {
+  const Value helper = Create(L"VestrelStatic");
+  const std::wstring path = folder + L"numbered.txt";
+  Value number = Call(helper, L"OpenTextFileForOutput", {path.c_str()});
+  Call(event, L"WriteToFile", {number});
+  Call(list, L"WriteToFile", {number});
+  Call(helper, L"CloseTextFile", {number});
+  number = Call(helper, L"OpenTextFileForInput", {path.c_str()});
+  const Value again = Create(L"vxEvent");
+  Call(again, L"ReadFromFile", {number, map});
+  for (const wchar_t* name : {L"time", L"eventType", L"mouseButton", L"shift", L"x", L"y"}) {
+    Checked(Get(again, name).text() == Get(event, name).text(), "reads back", Narrow(name).c_str(), 0);
+  }
+  CHECK(Get(again, L"button").object() == Get(event, L"button").object());
+  const Value other = Create(L"vxEventList");
+  Call(other, L"Init", {Create(L"IVXEventListHandler")});
+  Call(other, L"ReadFromFile", {number, map});
+  Call(helper, L"CloseTextFile", {number});
+  CHECK_EQ(Call(Get(other, L"events"), L"Size").number(), 1);
+  CHECK_EQ(Get(Call(Get(other, L"events"), L"GetItem", {0}), L"time").number(), 2000);
 }
 
 void Recording() {
@@ -704,11 +769,12 @@ void Recording() {
   CHECK_EQ(Get(event, L"y").real(), 0.25);
   CHECK_EQ(Try(event, L"WriteToFile", {99}).error, 52);
   CHECK_EQ(Try(event, L"ReadFromFile", {99, Create(L"clsDictionary")}).error, 52);
+  const Value map = Create(L"clsDictionary");
+  Call(map, L"Add", {L"Intro", button});
 
-  ScriptedHost fired({L"EventFired"});
-  const bool late = door == &LateBound();
+  AnyHost<EarlyFired> fired({L"EventFired"});
   const Value list = Create(L"vxEventList");
-  Call(list, L"Init", {late ? Value(&fired) : Create(L"IVXEventListHandler")});
+  Call(list, L"Init", {fired.object()});
   CHECK_EQ(Try(list, L"AddEvent", {event}).error, 91);
   Call(list, L"SetRecordMode", {1});
   Call(list, L"StartRecording");
@@ -718,40 +784,38 @@ void Recording() {
   Call(list, L"SeekTime", {0});
   Call(list, L"UpdateTime", {1000});
   CHECK_EQ(Get(button, L"playState").number(), 1);
-  if (late) CHECK(fired.Logged(L"EventFired(<vxEvent>,0)"));
+  fired.Expect(L"EventFired(<vxEvent>,0)", L"EventFired(0)");
   CHECK_EQ(Call(list, L"SeekToEventIndex", {0}).number(), 1000);
   Call(list, L"ChangeEventTime", {0, 2000});
   CHECK_EQ(Get(event, L"time").number(), 2000);
   CHECK_EQ(Call(list, L"IObjectComparator_Compare", {event, event}).number(), 0);
   CHECK_EQ(Try(list, L"WriteToFile", {99}).error, 52);
   CHECK_EQ(Try(list, L"ReadFromFile", {99, Create(L"clsDictionary")}).error, 52);
+  EventFiles(event, list, map);
   Call(list, L"Clear");
   CHECK_EQ(Call(Get(list, L"events"), L"Size").number(), 0);
 
-  ScriptedHost bar({L"UpdateTimecodeDisplay", L"SetTimerEnabled", L"TransportStateChanged",
-                    L"NewEventRecorded", L"CurrentPlayingEvent", L"RefreshList"});
+  AnyHost<EarlyBar> bar(BarNames());
   const Value recorder = Create(L"clsRecordController");
-  Call(recorder, L"Init", {late ? Value(&bar) : Create(L"IRecordEventHandler")});
+  Call(recorder, L"Init", {bar.object()});
   Call(recorder, L"SetRecordMode", {1});
   Call(recorder, L"Record");
-  if (late) CHECK(bar.Logged(L"TransportStateChanged(1,True)"));
+  bar.Expect(L"TransportStateChanged(1,True)");
   Call(recorder, L"IRecordController_ButtonPlaystateChanged", {button, 0, 1, 0, 0.0, 0.0});
-  if (late) CHECK(bar.Logged(L"NewEventRecorded(<vxEvent>)"));
+  bar.Expect(L"NewEventRecorded(<vxEvent>)", L"NewEventRecorded(Intro)");
   Call(recorder, L"TimerTick");
   Call(recorder, L"Stop_");
   CHECK_EQ(Call(Get(recorder, L"EventList"), L"Size").number(), 1);
   Call(recorder, L"updateEventTime", {0, 3000});
-  if (late) CHECK(bar.Logged(L"RefreshList()"));
+  bar.Expect(L"RefreshList()");
   Call(recorder, L"SeekToEventIndex", {0});
-  if (late) CHECK(bar.Logged(L"UpdateTimecodeDisplay(3000)"));
+  bar.Expect(L"UpdateTimecodeDisplay(3000)");
   Call(recorder, L"SaveEventsTo", {(folder + L"events.txt").c_str()});
-  const Value map = Create(L"clsDictionary");
-  Call(map, L"Add", {L"Intro", button});
   Call(recorder, L"ClearEvents");
   Call(recorder, L"LoadEventsFrom", {(folder + L"events.txt").c_str(), map});
   CHECK_EQ(Call(Get(recorder, L"EventList"), L"Size").number(), 1);
   Call(recorder, L"IVXEventListHandler_EventFired", {Call(Get(recorder, L"EventList"), L"GetItem", {0}), 0});
-  if (late) CHECK(bar.Logged(L"CurrentPlayingEvent(<vxEvent>,0)"));
+  bar.Expect(L"CurrentPlayingEvent(<vxEvent>,0)", L"CurrentPlayingEvent(0)");
   Call(recorder, L"Play");
   Call(recorder, L"ChangePlaystate", {0});
   Value milliseconds = 0;
