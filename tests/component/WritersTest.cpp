@@ -75,6 +75,7 @@ TEST(ManifestWriterTest, EveryClassIsThere) {
   EXPECT_TRUE(Has(out.str(), "name=\"Vestrel\" version=\"1.2.3.0\" processorArchitecture=\"x86\""));
   for (const ClassDescription& description : AllDescriptions()) {
     EXPECT_TRUE(Has(out.str(), "progid=\"Vestrel." + std::string(description.name()) + "\""));
+    EXPECT_TRUE(Has(out.str(), "<progid>Vestrel." + std::string(description.name()) + ".1</progid>"));
     EXPECT_TRUE(Has(out.str(), "name=\"_" + std::string(description.name()) + "\""));
   }
 }

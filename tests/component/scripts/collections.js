@@ -119,6 +119,7 @@ function helpers() {
   fails("an unknown operation", function () { helper.NoSuchThing(); }, 438);
   fails("too many arguments", function () { helper.Assert(true, 1, 2); }, 450);
   fails("an object of the wrong class", function () { helper.UnboxLong(boxString("x")); }, 13);
+  equal("a class by the name with its version", new ActiveXObject("Vestrel.clsLong.1").value, 0);
   equal("letter case does not matter", helper.oneBASEDmod(7, 4), 3);
 }
 
