@@ -24,6 +24,12 @@ class HubTest : public PageHost {
     }
     return files;
   }
+  bool HasItem(const std::string& id) const {
+    for (const json& item : page.state["items"]) {
+      if (item["id"] == id) return true;
+    }
+    return false;
+  }
   void AskToOverwrite() {
     Tell(page, {{"t", "do"}, {"id", 1}, {"cmd", "setModeAssign \"Moonlight\" ButtonType_Sequence"}});
   }
@@ -338,23 +344,40 @@ TEST_F(HubTest, ASaveThatChangesTheFileInItsPlaceIsTold) {
   EXPECT_EQ(after.size(), before.size());
 }
 
+TEST_F(HubTest, ASaveOfSettingsDoesNotListTheFoldersAgain) {
+  const std::uint64_t before = session().fileChanges();
+  EXPECT_TRUE(Succeeds("changeButtonGroupPageOffset 1 1"));
+  EXPECT_TRUE(Succeeds("pages.saveToINI"));
+  EXPECT_EQ(session().fileChanges(), before);
+}
+
 TEST_F(HubTest, AnItemIsListedUnderItsNewNameOfTheSameLength) {
-  const auto has = [&](const std::string& id) {
-    for (const json& item : page.state["items"]) {
-      if (item["id"] == id) return true;
-    }
-    return false;
-  };
   EXPECT_TRUE(Succeeds("setModeEditing true"));
   EXPECT_TRUE(Succeeds("controlClicked 35 1 0 0 0"));
   Meanwhile([&] {
     EXPECT_EQ(page.state["dialog"]["value"], "Rose Front");
     Tell(page, {{"t", "answer"}, {"id", 2}, {"dialog", OpenDialog()}, {"value", "Pink Front"}});
   });
-  ASSERT_TRUE(has("Overture/Rose Front.ASQ"));
+  ASSERT_TRUE(HasItem("Overture/Rose Front.ASQ"));
   EXPECT_TRUE(Succeeds("RenameButton"));
-  EXPECT_TRUE(has("Overture/Pink Front.ASQ"));
-  EXPECT_FALSE(has("Overture/Rose Front.ASQ"));
+  EXPECT_TRUE(HasItem("Overture/Pink Front.ASQ"));
+  EXPECT_FALSE(HasItem("Overture/Rose Front.ASQ"));
+}
+
+TEST_F(HubTest, CopiesAndMarksAreListedAndWhatIsDeletedIsNot) {
+  EXPECT_TRUE(Succeeds("setModeEditing true"));
+  EXPECT_TRUE(Succeeds("controlClicked 35 1 0 0 0"));
+  EXPECT_TRUE(Succeeds("setModeCopy"));
+  EXPECT_TRUE(Succeeds("controlClicked 40 1 0 0 0"));
+  EXPECT_TRUE(HasItem("Overture/Rose Front copy.ASQ"));
+  EXPECT_TRUE(Succeeds("setModeEditing true"));
+  EXPECT_TRUE(Succeeds("controlClicked 40 1 0 0 0"));
+  EXPECT_TRUE(Succeeds("DeleteButton true"));
+  EXPECT_FALSE(HasItem("Overture/Rose Front copy.ASQ"));
+  EXPECT_TRUE(Succeeds("setModeEditing true"));
+  EXPECT_TRUE(Succeeds("controlClicked 35 1 0 0 0"));
+  EXPECT_TRUE(Succeeds("AssignMarkFade MarkFadeType_Mark"));
+  EXPECT_TRUE(HasItem("Overture/Rose Front Mark.ASQ"));
 }
 
 TEST_F(HubTest, WhileTheLibraryWorksCommandsWaitTheirTurn) {

@@ -36,6 +36,19 @@ std::string OutcomeText(const Outcome& outcome) {
   return text;
 }
 
+// Clicks save the settings files that there are; those are listed nowhere.
+bool ChangesFolders(const std::vector<std::string>& files) {
+  return std::any_of(files.begin(), files.end(),
+                     [](const std::string& file) { return !file.ends_with("/pageSetting.ini"); });
+}
+
+// Callbacks after which the host copies, moves or deletes items.
+bool ChangesItems(std::string_view callback) {
+  constexpr std::array<std::string_view, 4> kNames{"CopyButtonFiles", "CreateMarkFadeButton", "DeleteButton",
+                                                   "RenameButton"};
+  return std::find(kNames.begin(), kNames.end(), callback) != kNames.end();
+}
+
 CommandResult Failure(std::string text) {
   return {false, {}, std::move(text)};
 }
@@ -155,7 +168,7 @@ CommandResult WorkSession::Perform(std::string_view command, std::uint64_t now) 
   CommandResult result = Try(command);
   const CallEnd end{result.ok, WithoutPath(result.ok ? OutcomeText(result.outcome) : result.error),
                     files_.Take()};
-  if (!end.files.empty()) ++fileChanges_;
+  if (ChangesFolders(end.files)) ++fileChanges_;
   for (SessionObserver* observer : observers_) observer->CallEnded(end);
   return result;
 }
@@ -279,6 +292,7 @@ DialogAnswer WorkSession::Ask(const Dialog& dialog) {
 
 void WorkSession::CallbackMade(const HostCall& call) {
   if (call.name == "NewEventRecorded") recordingChanged_ = true;
+  if (ChangesItems(call.name)) ++fileChanges_;
   const std::string text = WithoutPath(CallText(call));
   for (SessionObserver* observer : observers_) observer->CallbackMade(text);
 }

@@ -74,7 +74,7 @@ class WorkSession : private HostListener, private Dialogs {
   // Lamps of row 0 to 2 that the last blink tick switched; none while the blink timer stands.
   std::uint16_t BlinkingLamps(std::size_t row) const { return blinking_.at(row); }
   bool blinkPhase() const noexcept { return blinkPhase_; }
-  // Counts the commands that wrote, made or removed files.
+  // Counts what may have changed which files there are, settings aside.
   std::uint64_t fileChanges() const noexcept { return fileChanges_; }
 
  private:
