@@ -115,6 +115,19 @@ Number ParseOrRaise(std::u16string_view text) {
   RaiseError(Error_TypeMismatch);
 }
 
+// What numbers in files are: a few digits and nothing else. `value` receives the number only then.
+bool IsPlainNumber(std::u16string_view text, std::int32_t& value) noexcept {
+  constexpr std::size_t kFitsInAnyCase = 9;
+  if (text.empty() || text.size() > kFitsInAnyCase) return false;
+  std::int32_t number = 0;
+  for (const char16_t unit : text) {
+    if (!IsDigit(unit)) return false;
+    number = number * 10 + (unit - u'0');
+  }
+  value = number;
+  return true;
+}
+
 // Whether the text is "True" or "False"; `value` receives which.
 bool IsBooleanWord(std::u16string_view text, bool& value) noexcept {
   value = EqualIgnoringCase(text, u"true");
@@ -193,12 +206,18 @@ float TextToSingle(std::u16string_view text) {
 }
 
 std::int32_t TextToLong(std::u16string_view text) {
+  std::int32_t number = 0;
+  if (IsPlainNumber(text, number)) return number;
   bool word = false;
   if (IsBooleanWord(text, word)) return word ? -1 : 0;
   return ToLong(TextToDouble(text));
 }
 
 std::int16_t TextToShort(std::u16string_view text) {
+  std::int32_t number = 0;
+  if (IsPlainNumber(text, number) && number <= std::numeric_limits<std::int16_t>::max()) {
+    return static_cast<std::int16_t>(number);
+  }
   bool word = false;
   if (IsBooleanWord(text, word)) return word ? -1 : 0;
   return ToShort(TextToDouble(text));
