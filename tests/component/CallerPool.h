@@ -1,7 +1,7 @@
 // Objects and values for callers that mean no good: some of every kind, well and badly chosen.
 #pragma once
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VESTREL_SANITIZED)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -48,7 +48,7 @@ inline std::vector<Ref<Object>> OneOfEach() {
 // while one of these lives is not told as leaked.
 struct CirclesAllowed {
   CirclesAllowed() {}
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(VESTREL_SANITIZED)
   __lsan::ScopedDisabler disabler;
 #endif
 };

@@ -1,10 +1,7 @@
 #include "tests/scenarios/Scene.h"
 
-#include <algorithm>
-#include <set>
-
 #include "core/Cast.h"
-#include "util/modLog.h"
+#include "tests/scenarios/PageFaults.h"
 
 namespace vestrel::test {
 namespace {
@@ -25,14 +22,6 @@ constexpr std::string_view kFirstBytes =
     "Button2_fields=Bang|1|0|1|0|0|False\r\n";
 constexpr std::string_view kSecondBytes =
     "[ButtonGroup2]\r\nusedIndices=1\r\nButton1_fields=Other|1|0|0|0|0|False\r\n";
-
-std::int32_t IndexOf(Object* item) {
-  return Cast<clsButton>(item).buttonIndex;
-}
-
-std::string NameOf(const clsPage& page, std::int32_t group) {
-  return ToUtf8(page.pageName()) + " group " + std::to_string(group) + ": ";
-}
 
 }  // namespace
 
@@ -78,39 +67,6 @@ void Scene::Listen() {
   services_.onPump = [this] {
     if (onCallback) onCallback("PumpMessages");
   };
-}
-
-std::string Scene::FaultsOf(clsPage& checked, std::int32_t groupIndex) {
-  const Ref<clsButtonGroup> group = checked.ButtonGroups(groupIndex);
-  const ItemSnapshot items = group->buttons->Snapshot();
-  const std::string where = NameOf(checked, groupIndex);
-  std::vector<Object*> playing;
-  int highlighted = 0;
-  for (std::int32_t i = 0; i < items.size(); ++i) {
-    const auto& button = Cast<clsButton>(items[i]);
-    if (button.groupIndex != groupIndex) return where + "a button of another group";
-    if (i > 0 && IndexOf(items[i]) < IndexOf(items[i - 1])) return where + "not in order";
-    if (button.playState() == PlayState_On) playing.push_back(items[i]);
-    if (button.isHighlighted && group->highlightedButton != &button) return where + "a stray highlight";
-    highlighted += button.isHighlighted ? 1 : 0;
-  }
-  if (highlighted > 1) return where + "two highlights";
-  if (highlighted == 0 && group->highlightedButton) return where + "a highlight on no button";
-  if (groupIndex == 0 || groupIndex == 9) return {};
-  const ItemSnapshot listed = group->nowPlayingList->Snapshot();
-  return std::equal(listed.begin(), listed.end(), playing.begin(), playing.end()) ? "" : where + "what plays";
-}
-
-std::string Scene::FaultsOf(clsPage& checked) {
-  std::set<Object*> seen;
-  for (std::int32_t g = 0; g <= 9; ++g) {
-    const std::string faults = FaultsOf(checked, g);
-    if (!faults.empty()) return faults;
-    for (Object* item : checked.ButtonGroups(g)->buttons->Snapshot()) {
-      if (!seen.insert(item).second) return NameOf(checked, g) + "a button twice";
-    }
-  }
-  return {};
 }
 
 // What is reported again is sent only where the lamp shows something else.

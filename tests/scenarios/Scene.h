@@ -47,8 +47,6 @@ class Scene {
 
  private:
   void Listen();
-  std::string FaultsOf(clsPage& checked);
-  std::string FaultsOf(clsPage& checked, std::int32_t groupIndex);
   std::string LampFaults();
 
   FakeHostServices& services_;

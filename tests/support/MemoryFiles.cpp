@@ -12,6 +12,7 @@ using platform::OpenMode;
 
 std::u16string NormalPath(std::u16string_view path) {
   std::u16string result;
+  result.reserve(path.size());
   for (const char16_t unit : path) {
     const bool separator = unit == u'\\' || unit == u'/';
     if (separator && !result.empty() && result.back() == u'\\') continue;
