@@ -24,6 +24,10 @@ target_include_directories(vestrel_options INTERFACE "${CMAKE_SOURCE_DIR}")
 target_compile_options(vestrel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # GCC's default.
+  target_compile_options(vestrel_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fsized-deallocation>)
+endif()
 
 if(VESTREL_SANITIZE)
   target_compile_options(vestrel_options INTERFACE
@@ -75,10 +79,12 @@ function(vestrel_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 900)
 endfunction()
 
-# vestrel_fuzz(NAME SOURCES a.cpp ... LINKS target ...): one libFuzzer program.
+# vestrel_fuzz(NAME SOURCES a.cpp ... LINKS target ...): one libFuzzer program, which the target "fuzz" builds.
 function(vestrel_fuzz name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE vestrel_options ${ARG_LINKS})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} vestrel_fuzz_support)
+  target_compile_options(${name} PRIVATE -O1)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  add_dependencies(fuzz ${name})
 endfunction()

@@ -122,7 +122,7 @@ class NativeCall final : public Call {
   void StoreByte(int index, std::uint8_t value) override { Store(index, std::int32_t{value}); }
   void StoreShort(int index, std::int16_t value) override { Store(index, value); }
   void StoreLong(int index, std::int32_t value) override { Store(index, value); }
-  void StoreSingle(int index, float value) override { Store(index, double{value}); }
+  void StoreSingle(int index, float value) override { Store(index, static_cast<double>(value)); }
   void StoreText(int index, std::u16string_view value) override { Store(index, value); }
   void StoreDynamic(int index, const Variant& value) override { Store(index, value); }
   void StoreObject(int index, Object* value) override { Store(index, Ref<Object>(value)); }
