@@ -124,7 +124,7 @@ with_width() {
   host "through the virtual tables, callbacks too" 60 "$built/hosts/EarlyBound.exe"
   host "the type library through the system" 60 "$built/hosts/TypeLibrary.exe" "$(windows_path "$built/Vestrel.dll")" \
     "$(windows_path "$PWD/tests/component/slots.txt")"
-  host "hostile and random calls" $((100 + rounds)) \
+  host "hostile and random calls" $((300 + rounds)) \
     "$built/hosts/Hostile.exe" "$(windows_path "$built/Vestrel.dll")" $rounds
   host "lifetime and apartments" 120 "$built/hosts/Lifetime.exe"
   script "VBScript: lists, dictionaries, comparison" collections.vbs
