@@ -1,6 +1,8 @@
 #include "tests/faults/Evening.h"
 
 #include "core/Convert.h"
+#include "platform/Platform.h"
+#include "tests/support/MemoryFiles.h"
 #include "util/modLog.h"
 
 namespace vestrel::test {

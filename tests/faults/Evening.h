@@ -12,7 +12,7 @@
 #include "recording/clsRecordController.h"
 #include "storage/clsIniFile.h"
 #include "storage/clsMultiFile.h"
-#include "tests/support/FakePlatform.h"
+#include "tests/support/FakeServices.h"
 #include "tests/support/RecordingForm.h"
 #include "tests/support/SeamFiles.h"
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "tests/support/Scale.h"
@@ -15,6 +16,15 @@ namespace vestrel::test {
 inline int Times(const char* variable, int otherwise) {
   const char* const text = std::getenv(variable);
   return text != nullptr ? std::atoi(text) : otherwise;
+}
+
+// Where files are in memory, if the system has that: a process is killed there as on a disk, and forcing to
+// the disk takes no time. VESTREL_KILL_FOLDER names another place.
+inline std::filesystem::path FolderInMemory() {
+  const char* const given = std::getenv("VESTREL_KILL_FOLDER");
+  if (given != nullptr) return given;
+  const std::filesystem::path memory("/dev/shm");
+  return std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
 }
 
 struct Fault {

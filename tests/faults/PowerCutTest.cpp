@@ -9,9 +9,11 @@
 #include <vector>
 
 #include "core/Convert.h"
+#include "platform/Platform.h"
 #include "tests/faults/DiskModel.h"
 #include "tests/faults/Evening.h"
 #include "tests/faults/Faults.h"
+#include "tests/support/MemoryFiles.h"
 
 namespace vestrel::test {
 namespace {
@@ -119,7 +121,7 @@ class PowerCutTest : public testing::Test {
     }
   }
 
-  const int steps_ = RunsLong() ? 3 * Evening::kSteps : Evening::kSteps;
+  const int steps_ = RunsLong() ? 14 * Evening::kSteps : Evening::kSteps;
   const EveningRecord record_{steps_};
   std::int64_t states_ = 0;
 
@@ -147,13 +149,13 @@ class StrictPowerCutTest : public PowerCutTest {
 TEST_F(OrderedPowerCutTest, EverySaveLeavesOldOrNew) {
   PlayTheEvening();
   RecordProperty("states", std::to_string(states_));
-  EXPECT_GT(states_, RunsLong() ? 15'000 : 5'000);
+  EXPECT_GT(states_, RunsLong() ? 50'000 : 5'000);
 }
 
 TEST_F(StrictPowerCutTest, WhatASaveForcedIsThere) {
   PlayTheEvening();
   RecordProperty("states", std::to_string(states_));
-  EXPECT_GT(states_, RunsLong() ? 15'000 : 5'000);
+  EXPECT_GT(states_, RunsLong() ? 50'000 : 5'000);
 }
 
 }  // namespace

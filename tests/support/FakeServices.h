@@ -9,6 +9,7 @@
 
 #include "platform/Clock.h"
 #include "platform/HostServices.h"
+#include "tests/support/Allocations.h"
 
 namespace vestrel::test {
 
@@ -35,6 +36,7 @@ class FakeHostServices final : public platform::HostServices {
   std::u16string moduleFolder = u"C:\\module";
 
   void ShowMessageBox(std::u16string_view text, std::u16string_view caption) override {
+    const Allocations::Spared spared;
     boxes.push_back({std::u16string(text), std::u16string(caption)});
   }
   void PumpMessages() override {
