@@ -1,6 +1,7 @@
 #include "component/ByName.h"
 
 #include <array>
+#include <new>
 
 #include "component/ClassInfo.h"
 #include "component/UIFaderValues.h"
@@ -196,6 +197,8 @@ Variant InvokeByName(Object* object, std::u16string_view name, Kind kind, std::s
     return call.TakeResult();
   } catch (const CallFailure& failure) {
     Raise(NumberOf(failure.status), name);
+  } catch (const std::bad_alloc&) {
+    Raise(Error_OutOfMemory, {});
   }
 }
 

@@ -28,11 +28,14 @@ template <class Body>
   }
 }
 
-// Runs `body`; a failure ends it without a word.
+// Runs `body`; a failure ends it without a word, but for memory that has run out: what was asked for is then
+// neither done nor found out, which the caller must not take for an answer.
 template <class Body>
 void Quietly(Body&& body) {
   try {
     std::forward<Body>(body)();
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): ending quietly is what is asked for
   }
 }

@@ -146,7 +146,14 @@ void clsButtonGroupController::MoveHighlight(const Ref<clsButtonGroup>& group, H
   Unhighlight(left);
   if (left) Form()->RefreshPage(IFSSRefresh_Control, 0, left.get());
   // The form may have moved the highlight meanwhile.
-  const Ref<clsButton> reached = NextHighlight(*group, dir, afterButton);
+  Ref<clsButton> reached;
+  try {
+    reached = NextHighlight(*group, dir, afterButton);
+  } catch (...) {
+    // The search found nothing out, so the highlight stays where it is.
+    if (const Ref<clsButton> kept = group->highlightedButton) kept->isHighlighted = true;
+    throw;
+  }
   Unhighlight(group->highlightedButton);
   group->highlightedButton = reached;
   if (!reached) return;

@@ -30,6 +30,20 @@ void PrepareForGroup(clsButton& button, std::int32_t formerGroup, std::int32_t g
   }
 }
 
+// Undoes an insertion that broke off: out of place the button would be found by no search, and the next save
+// would keep the gap that was made for it. `shiftedFrom` is where the others were moved up, none below 0.
+void TakeOutAgain(clsObjectList& buttons, clsButton& button, std::int32_t shiftedFrom) {
+  try {
+    const std::int32_t position = buttons.FindObject(&button);
+    if (position >= 0) buttons.Remove(position);
+  } catch (...) {
+    // It has left the list before its leaving is told.
+  }
+  if (shiftedFrom >= 0 && IsScreenGroup(button.groupIndex)) {
+    RenumberFrom(buttons, shiftedFrom, ShiftMode_Delete);
+  }
+}
+
 bool Holds(const Ref<clsPage>& page, clsButton& button) {
   if (!page || button.groupIndex < kFirstGroup || button.groupIndex > kLastGroup) return false;
   const Ref<clsButtonGroup> group = page->ButtonGroups(button.groupIndex);
@@ -98,8 +112,13 @@ void clsButtonGroupController::InsertIntoGroup(const Ref<clsPage>& page, const R
   const Ref<clsObjectList> buttons = ButtonsOf(*group);
   const std::int32_t taken = PositionOfIndex(*buttons, button->buttonIndex);
   if (taken >= 0) ShiftButtons(ShiftMode_Insert, button->groupIndex, taken, *page);
-  buttons->AddItem(button.get());
-  buttons->SortInPlace(nullptr, false, u"buttonIndex");
+  try {
+    buttons->AddItem(button.get());
+    buttons->SortInPlace(nullptr, false, u"buttonIndex");
+  } catch (...) {
+    TakeOutAgain(*buttons, *button, taken);
+    throw;
+  }
   if (IsScreenGroup(group->groupIndex())) RebuildNowPlaying(*group);
 }
 

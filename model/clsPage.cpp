@@ -9,6 +9,7 @@
 #include "storage/IniBatch.h"
 #include "storage/clsIniFile.h"
 #include "storage/modIniFile.h"
+#include "util/modLog.h"
 
 namespace vestrel {
 namespace {
@@ -78,6 +79,7 @@ void clsPage::Init(std::u16string_view appPath, IPageController* controller, std
 
 void clsPage::saveSingleButton(clsButton* button) {
   auto& saved = Cast<clsButton>(button);
+  if (!MayBeWritten()) return;
   IniBatch batch(File().filename(), Sync::No);
   File().UseSection(SectionName(saved.groupIndex));
   WriteUsedIndices(saved.groupIndex);
@@ -106,7 +108,13 @@ void clsPage::loadFromINI() {
   // next save would put in its place.
   IniBatch batch(File().filename(), Sync::No);
   batch.RequireReadable();
-  for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(g);
+  try {
+    for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(g);
+  } catch (...) {
+    isIncomplete_ = true;
+    throw;
+  }
+  isIncomplete_ = false;
 }
 
 void clsPage::GotFocus() {
@@ -180,6 +188,13 @@ void clsPage::RequireFile(std::u16string_view source) const {
   throw Error(kNotBound, std::u16string(source), u"Must call setShowAndPage first");
 }
 
+bool clsPage::MayBeWritten() const {
+  if (isIncomplete_) {
+    modLog::LogFormat(LogLevel_2_WARNING, u"page [%s] was not read to its end and is not written", pageName_);
+  }
+  return !isIncomplete_;
+}
+
 void clsPage::WriteUsedIndices(std::int32_t groupIndex) {
   std::u16string indices = IndexListText(*ButtonsOf(*Group(groupIndex)));
   modIniFile::WarnIfCutOnReading(File().filename(), SectionName(groupIndex), kIndicesKey, indices);
@@ -193,6 +208,7 @@ void clsPage::WriteButton(clsButton& button) {
 
 void clsPage::WriteGroup(std::int32_t groupIndex, bool withButtons) {
   const Ref<clsButtonGroup> group = Group(groupIndex);
+  if (!MayBeWritten()) return;
   IniBatch batch(File().filename(), withButtons ? Sync::Yes : Sync::No);
   File().UseSection(SectionName(groupIndex));
   File().WriteLong(u"pageOffset", group->pageOffset);

@@ -52,7 +52,8 @@ class clsPage : public virtual IComparable {
   // Nothing when persist is false. Calls the controller's ItemRemoved for each old button, and for each new
   // one DeferPlaystateFor (unless its line is malformed) and ItemAdded. Raises 999 when no file is bound, 57,
   // 70 or 75 when the file is there but cannot be read (nothing is changed then), 13 for a number that is
-  // none; groups read until then stay.
+  // none; groups read until then stay. A page that was not read to its end, by whatever error, is not written
+  // by the saves until it is, so that its file keeps what the page lacks; each such save logs a WARNING.
   void loadFromINI();
   // Resumes the pick-up of the faders from the host's positions (the controller's GetUIFaderValues) and hands
   // every model value to its UpdateFaderModelValue, group faders first. Nothing without a controller, since
@@ -81,6 +82,7 @@ class clsPage : public virtual IComparable {
   void BindFile();
   void MakeFolder(std::u16string_view pageName) const;
   void RequireFile(std::u16string_view source) const;
+  bool MayBeWritten() const;
   void WriteUsedIndices(std::int32_t groupIndex);
   void WriteButton(clsButton& button);
   void WriteGroup(std::int32_t groupIndex, bool withButtons);
@@ -89,6 +91,7 @@ class clsPage : public virtual IComparable {
 
   std::u16string appPath_;
   bool persist_ = false;
+  bool isIncomplete_ = false;  // not read to its end
   BackRef<IPageController> controller_;
   std::u16string showName_;
   std::u16string pageName_;

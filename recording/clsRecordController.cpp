@@ -33,8 +33,9 @@ Ref<clsObjectList> clsRecordController::EventList() const {
 
 void clsRecordController::Init(IRecordEventHandler* eventHandler) {
   modLog::Log(u"clsRecordController.Init", LogLevel_4_SPEW);
-  eventList_ = MakeRef<vxEventList>();
-  eventList_->Init(this);
+  const Ref<vxEventList> list = MakeRef<vxEventList>();
+  list->Init(this);
+  eventList_ = list;
   lastTick_ = platform::clock().TickCount();
   currentTime_ = 0;
   playState_ = Stopped;

@@ -1,5 +1,5 @@
 // Whole reads and writes over the platform's single calls: interrupted ones are made again, short ones
-// continued. Statuses come back; nothing is raised.
+// continued. Statuses come back; nothing is raised but std::bad_alloc.
 #pragma once
 
 #include <cstddef>

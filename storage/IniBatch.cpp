@@ -23,28 +23,48 @@ bool Concerns(const ProfileEdit& edit, std::string_view section, std::string_vie
 
 IniBatch::IniBatch(std::u16string_view fileName, Sync sync)
     : fileName_(fileName), sync_(sync), outer_(OpenFor(fileName)), before_(std::exchange(innermost, this)) {
-  if (outer_ != nullptr && sync == Sync::Yes) outer_->sync_ = Sync::Yes;
+  if (outer_ == nullptr) return;
+  if (sync == Sync::Yes) outer_->sync_ = Sync::Yes;
+  editsBefore_ = outer_->edits_.size();
+  commitsBefore_ = outer_->commits_;
 }
 
 IniBatch::IniBatch(const clsIniFile& file, Sync sync) : IniBatch(file.filename(), sync) {}
 
 IniBatch::~IniBatch() {
-  try {
-    Commit();
-  } catch (...) {
-    // Out of memory: as with any other failed write the file keeps what it had.
+  if (IsBrokenOff()) {
+    Drop();
+  } else {
+    try {
+      Commit();
+    } catch (...) {
+      // Out of memory: as with any other failed write the file keeps what it had.
+    }
   }
   innermost = before_;
+}
+
+bool IniBatch::IsBrokenOff() const noexcept {
+  return !loads_ && std::uncaught_exceptions() > errorsBefore_;
+}
+
+void IniBatch::Drop() noexcept {
+  IniBatch& gathering = outer_ != nullptr ? *outer_ : *this;
+  const std::size_t kept = gathering.commits_ == commitsBefore_ ? editsBefore_ : 0;
+  gathering.edits_.erase(gathering.edits_.begin() + static_cast<std::ptrdiff_t>(kept),
+                         gathering.edits_.end());
 }
 
 bool IniBatch::Commit() {
   if (outer_ != nullptr) return outer_->Commit();
   Forget();
+  ++commits_;
   const std::vector<ProfileEdit> edits = std::exchange(edits_, {});
   return edits.empty() || ProfileFile(fileName_).Commit(edits, sync_) == platform::FileStatus::Ok;
 }
 
 void IniBatch::RequireReadable() {
+  loads_ = true;
   if (outer_ != nullptr) return outer_->RequireReadable();
   Load();
   if (!IsAbsent(readStatus_)) CheckFileStatus(readStatus_, u"IniBatch", fileName_);

@@ -2,9 +2,12 @@
 // of the file, see what it gathered. Everything that goes through modIniFile or clsIniFile on this thread
 // with the same file name takes part. A batch opened inside another on the same file joins it: its commit
 // commits what both gathered so far. Made on the stack around a save or a load; the end of its life commits
-// what is left. No failure is reported but by Commit's answer and by RequireReadable.
+// what is left, unless an error ends it: a save that was not gathered whole is dropped whole. No failure is
+// reported but by Commit's answer, by RequireReadable and by std::bad_alloc.
 #pragma once
 
+#include <cstddef>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +52,10 @@ class IniBatch {
   std::optional<std::string> Find(std::string_view section, std::string_view key);
 
  private:
+  // Whether an error ends a save half way. During a load it is others that write, each for itself.
+  bool IsBrokenOff() const noexcept;
+  // Drops what was gathered since this batch was opened.
+  void Drop() noexcept;
   void Load();
   void Forget();
 
@@ -56,6 +63,12 @@ class IniBatch {
   Sync sync_;
   IniBatch* outer_;   // the batch this one joined, none for an outermost one
   IniBatch* before_;  // the batch opened before on this thread
+  int errorsBefore_ = std::uncaught_exceptions();
+  bool loads_ = false;
+  int commits_ = 0;
+  // Of the batch this one joined, when it did.
+  std::size_t editsBefore_ = 0;
+  int commitsBefore_ = 0;
   std::vector<ProfileEdit> edits_;
   bool loaded_ = false;
   platform::FileStatus readStatus_ = platform::FileStatus::Ok;

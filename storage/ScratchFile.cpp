@@ -82,7 +82,11 @@ FileStatus ScratchFile::PutInPlace(bool sync) {
 // The name goes while the lock is held, so that no one else's file goes with it.
 void ScratchFile::Discard() noexcept {
   if (file_ == nullptr) return;
-  files().Remove(path_);
+  try {
+    files().Remove(path_);
+  } catch (...) {
+    // Out of memory.
+  }
   file_.reset();
 }
 

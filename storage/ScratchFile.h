@@ -1,7 +1,7 @@
 // A file written beside its target under a name of its own and put in the target's place in one step, so that
 // whatever happens the target is the old file or the new one, whole. Two writers of one target never share
 // the scratch file; one that a crash left behind is used up by the next writer. Dropping the object drops the
-// scratch file. Statuses come back; nothing is raised.
+// scratch file. Statuses come back; nothing is raised but std::bad_alloc.
 #pragma once
 
 #include <memory>
@@ -33,6 +33,7 @@ class ScratchFile {
   // Puts the file in the target's place. With `sync` the bytes are forced to the disk before and the name
   // after.
   platform::FileStatus PutInPlace(bool sync);
+  // Where memory is out the file stays, for the next writer to use up.
   void Discard() noexcept;
 
   // Removes what a writer that crashed left beside `target`; one in use stays. Only for who holds the

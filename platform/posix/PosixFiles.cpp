@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -93,10 +94,13 @@ FileInfo InfoOf(const struct stat& data) {
 
 class PosixFile final : public File {
  public:
-  PosixFile(int descriptor, bool append) : descriptor_(descriptor), append_(append) {}
+  explicit PosixFile(bool append) : append_(append) {}
   ~PosixFile() override {
     if (descriptor_ >= 0) close(descriptor_);
   }
+
+  // The open file that this one stands for.
+  void Take(int descriptor) { descriptor_ = descriptor; }
 
   FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) override {
     const ssize_t count = pread(descriptor_, buffer.data(), buffer.size(), static_cast<off_t>(offset));
@@ -159,7 +163,7 @@ class PosixFile final : public File {
     return count < 0 ? StatusOf(errno) : FileStatus::Ok;
   }
 
-  int descriptor_;
+  int descriptor_ = -1;
   bool append_;
 };
 
@@ -196,9 +200,11 @@ class PosixFiles final : public Files {
   FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) override {
     const std::string name = SystemPath(path);
     if (name.empty()) return FileStatus::BadName;
+    // Before the file is open, since memory may run out.
+    auto opened = std::make_unique<PosixFile>(mode == OpenMode::Append);
     const int descriptor = open(name.c_str(), FlagsOf(mode) | O_CLOEXEC, 0666);
     if (descriptor < 0) return StatusOfPathCall(descriptor, name);
-    auto opened = std::make_unique<PosixFile>(descriptor, mode == OpenMode::Append);
+    opened->Take(descriptor);
     const FileStatus status = CheckOpened(*opened, mode);
     if (status == FileStatus::Ok) file = std::move(opened);
     return status;
@@ -257,14 +263,13 @@ class PosixFiles final : public Files {
   FileStatus List(std::u16string_view path, std::vector<std::u16string>& names) override {
     const std::string name = SystemPath(path);
     if (name.empty()) return FileStatus::BadName;
-    DIR* folder = opendir(name.c_str());
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(name.c_str()), closedir);
     if (folder == nullptr) return StatusOfPathCall(-1, name);
     names.clear();
-    while (const dirent* entry = readdir(folder)) {
+    while (const dirent* entry = readdir(folder.get())) {
       const std::string_view found = entry->d_name;
       if (found != "." && found != "..") names.push_back(SystemEncoding().Widen(found));
     }
-    closedir(folder);
     return FileStatus::Ok;
   }
 

@@ -1,25 +1,12 @@
 // Every file call of every public operation fails in turn, in every way, once and from then on.
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "core/Convert.h"
 #include "core/Error.h"
 #include "tests/faults/World.h"
 
 namespace vestrel::test {
 namespace {
-
-using Paths = std::map<std::u16string, std::string>;
-
-bool IsScratch(const std::u16string& path) {
-  return path.ends_with(u'~');
-}
-
-// Written by records of a multi file that are let go, which can tell nobody.
-bool IsStatus(const std::u16string& path) {
-  return path.ends_with(u"shortcutsStatus.ini");
-}
 
 Outcome Perform(World& world, const Operation& operation) {
   Outcome outcome;
@@ -68,20 +55,6 @@ std::string StrangeFiles(const World& world, const Reference& reference) {
     if (!strange.empty()) return ToUtf8(path) + " " + strange;
   }
   return {};
-}
-
-Paths Told(Paths files) {
-  std::erase_if(files, [](const auto& entry) { return IsScratch(entry.first) || IsStatus(entry.first); });
-  return files;
-}
-
-std::string Unlike(const Paths& files, const Paths& wanted) {
-  for (const auto& [path, bytes] : wanted) {
-    const auto found = files.find(path);
-    if (found == files.end()) return "there is no " + ToUtf8(path);
-    if (found->second != bytes) return ToUtf8(path) + " is another";
-  }
-  return files.size() == wanted.size() ? "" : "there are files too many";
 }
 
 // What the fault did that it must not do, in words.

@@ -50,7 +50,9 @@ std::string World::Model() const {
   const Ref<clsPageManager> manager = scene->controller->PageManager();
   std::string text = ToUtf8(manager->showName()) + ", " + ToUtf8(manager->CurrentPageName()) + "\n";
   for (Object* item : manager->PageList()->Snapshot()) text += TextOf(Cast<clsPage>(item));
-  for (Object* item : scene->record->EventList()->Snapshot()) {
+  const Ref<clsObjectList> events = scene->record->EventList();
+  if (!events) return text;
+  for (Object* item : events->Snapshot()) {
     text += std::to_string(Cast<vxEvent>(item).time()) + " ";
   }
   return text;
@@ -62,6 +64,26 @@ std::map<std::u16string, std::string> World::Files() const {
     if (path != kLog) result[path] = memory.Get(path);
   }
   return result;
+}
+
+bool IsScratch(std::u16string_view path) {
+  return path.ends_with(u'~');
+}
+
+Paths Told(Paths files) {
+  std::erase_if(files, [](const auto& entry) {
+    return IsScratch(entry.first) || EndsWith(entry.first, u"shortcutsStatus.ini");
+  });
+  return files;
+}
+
+std::string Unlike(const Paths& files, const Paths& wanted) {
+  for (const auto& [path, bytes] : wanted) {
+    const auto found = files.find(path);
+    if (found == files.end()) return "there is no " + ToUtf8(path);
+    if (found->second != bytes) return ToUtf8(path) + " is another";
+  }
+  return files.size() == wanted.size() ? "" : "there are files too many";
 }
 
 bool History::IsSettings(const std::u16string& path) {
@@ -124,6 +146,26 @@ std::string History::Strange(const std::u16string& path, const std::string& byte
   for (const auto& [key, value] : known->second.back()) {
     const auto lacked = [&k = key](const Values& state) { return !state.contains(k); };
     if (!values.contains(key) && !once(lacked)) return "lost " + key;
+  }
+  return {};
+}
+
+History::Sections History::BySection(const Values& values) {
+  Sections sections;
+  for (const auto& [key, value] : values) sections[key.substr(0, key.find(']') + 1)][key] = value;
+  return sections;
+}
+
+std::string History::HalfDone(const std::u16string& path, const std::string& bytes) const {
+  const auto known = settings_.find(path);
+  if (known == settings_.end()) return {};
+  for (const auto& [name, values] : BySection(Parsed(bytes))) {
+    const auto wasSo = [&, &section = name, &now = values](const Values& state) {
+      const Sections sections = BySection(state);
+      const auto found = sections.find(section);
+      return found != sections.end() && found->second == now;
+    };
+    if (std::none_of(known->second.begin(), known->second.end(), wasSo)) return name + " is half done";
   }
   return {};
 }

@@ -66,6 +66,16 @@ struct Outcome {
   std::map<std::u16string, std::string> files;
 };
 
+using Paths = std::map<std::u16string, std::string>;
+
+// A file that a writer makes beside its target, and drops.
+bool IsScratch(std::u16string_view path);
+// The files that an operation that succeeds answers for: no scratch files, and not those that records of a
+// multi file write when they are let go, which can tell nobody.
+Paths Told(Paths files);
+// Where `files` are not as wanted, in words; empty when they are.
+std::string Unlike(const Paths& files, const Paths& wanted);
+
 // Every value that any key of any file had while an operation ran, and every content of other files.
 class History {
  public:
@@ -73,9 +83,14 @@ class History {
   void Note(const std::u16string& path, const std::string& bytes, bool isNew);
   // What a file holds that it never held, in words; empty when there is nothing.
   std::string Strange(const std::u16string& path, const std::string& bytes) const;
+  // Which section of a settings file is not as it was after some write, in words: one that a save left half
+  // done. Empty when there is none, and for other files.
+  std::string HalfDone(const std::u16string& path, const std::string& bytes) const;
 
  private:
   using Values = std::map<std::string, std::string>;
+  using Sections = std::map<std::string, Values>;
+  static Sections BySection(const Values& values);
   static bool IsSettings(const std::u16string& path);
   // The values by "[section]key"; what is no line is a value of its own.
   static Values Parsed(const std::string& bytes);

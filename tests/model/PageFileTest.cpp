@@ -287,6 +287,25 @@ TEST_F(PageFileTest, AValueThatIsNoNumberRaisesAndLeavesTheGroupsReadBefore) {
   }
 }
 
+TEST_F(PageFileTest, APageThatWasNotReadToItsEndIsNotWrittenUntilItIs) {
+  Fill();
+  page->saveToINI();
+  std::string broken = kFilled;
+  broken.replace(broken.find("pageOffset=12"), 13, "pageOffset=xy");
+  files.Put(kFile, broken);
+  EXPECT_EQ(NumberOf([this] { page->loadFromINI(); }), Error_TypeMismatch);
+  files.Put(kLog, "");
+  page->saveToINI();
+  page->saveSingleButton(&At(*page, 2, 0));
+  EXPECT_EQ(Bytes(), broken);
+  EXPECT_THAT(Log(), HasSubstr("[Warning] page [Act 1] was not read to its end and is not written\r\n"));
+  files.Put(kFile, kFilled);
+  page->loadFromINI();
+  page->ButtonGroups(8)->pageOffset = 3;
+  page->saveToINI();
+  EXPECT_THAT(Bytes(), HasSubstr("[ButtonGroup8]\r\npageOffset=3\r\n"));
+}
+
 TEST_F(PageFileTest, FieldsInTheFormOfAnotherWriterAreRead) {
   files.Put(kFile,
             "; by hand\n[buttongroup1]\npageoffset = 2 \nFADERVALUE=50.5\nusedindices= 1 | 2 \n"

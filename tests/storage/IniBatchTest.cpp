@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "storage/IniBatch.h"
 #include "storage/Utf16Text.h"
 #include "storage/modIniFile.h"
@@ -144,6 +146,34 @@ TEST_F(IniBatchTest, ABatchInsideAnotherJoinsItAndCommitsForBoth) {
   EXPECT_EQ(files.Get(kFile), "[s]\r\na=1\r\nb=2\r\n");
   EXPECT_EQ(files.Calls("Sync"), 1);
   Write(u"c", u"3");
+  EXPECT_EQ(files.Get(kFile), "[s]\r\na=1\r\nb=2\r\n");
+}
+
+TEST_F(IniBatchTest, ASaveThatAnErrorBreaksOffIsDroppedWhole) {
+  files.Put(kFile, "[s]\r\na=1\r\n");
+  {
+    const IniBatch outer(kFile, Sync::No);
+    Write(u"a", u"2");
+    try {
+      const IniBatch inner(kFile, Sync::No);
+      Write(u"b", u"3");
+      throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+      EXPECT_EQ(Read(u"b"), u"none");
+    }
+  }
+  EXPECT_EQ(files.Get(kFile), "[s]\r\na=2\r\n");
+}
+
+TEST_F(IniBatchTest, AnErrorDuringALoadKeepsWhatOthersWroteMeanwhile) {
+  files.Put(kFile, "[s]\r\na=1\r\n");
+  try {
+    IniBatch load(kFile, Sync::No);
+    load.RequireReadable();
+    Write(u"b", u"2");
+    throw std::bad_alloc();
+  } catch (const std::bad_alloc&) {
+  }
   EXPECT_EQ(files.Get(kFile), "[s]\r\na=1\r\nb=2\r\n");
 }
 

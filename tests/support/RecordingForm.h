@@ -19,6 +19,7 @@
 #include "core/Convert.h"
 #include "model/clsButton.h"
 #include "recording/vxEvent.h"
+#include "tests/support/Allocations.h"
 
 namespace vestrel::test {
 
@@ -31,6 +32,7 @@ class Transcript {
 
   template <class... Args>
   void Note(std::string_view name, const Args&... args) {
+    const Allocations::Spared spared;
     std::string call(name);
     call += '(';
     std::string_view separator;

@@ -3,6 +3,8 @@
 #include <span>
 #include <utility>
 
+#include "tests/support/Allocations.h"
+
 namespace vestrel::test {
 
 using platform::File;
@@ -12,6 +14,7 @@ using platform::OpenMode;
 
 template <class Action>
 FileStatus SeamFiles::Pass(FileCall call, Action action) {
+  const Allocations::Spared spared;
   if (before) {
     const FileStatus answer = before(call);
     if (answer != FileStatus::Ok) return answer;
