@@ -2,6 +2,7 @@
 // consistent, nothing has leaked and the controller still works. All pairs are served; none is refused.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <string_view>
@@ -207,15 +208,19 @@ TEST_F(ReentrancyTest, EveryCallbackOfTheHostIsCovered) {
   }
 }
 
-// Random operations, any of which may come inside any callback of another, eight levels deep.
+// Random operations, any of which may come inside any callback of another, eight levels deep. The show is
+// looked over after each that no other one called, and at the end of each round, which is one seed.
 TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
-  const int rounds = RunsLong() ? 4000 : 200;
-  std::mt19937 random(7);
+  const int operations = RunsLong() ? 1'000'000 : 30'000;
+  int done = 0;
+  int deepest = 0;
+  std::mt19937 random;
   const auto any = [&](std::size_t limit) {
     return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
   };
   const long before = Object::LiveCount();
-  for (int round = 0; round < rounds; ++round) {
+  for (unsigned round = 0; done < operations; ++round) {
+    random.seed(round);
     std::string story;
     {
       Scene scene(files, hostServices, clock);
@@ -224,21 +229,30 @@ TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
       const auto act = [&] {
         const HostAction& action = HostActions()[any(HostActions().size() - 2)];
         story += std::string(static_cast<std::size_t>(level) * 2, ' ') + action.name + "\n";
+        ++done;
+        deepest = std::max(deepest, level);
         Try([&] { action.run(scene); });
       };
-      scene.onCallback = [&](const std::string&) {
+      const auto nest = [&](const std::string&) {
         if (level >= 8 || left <= 0 || any(3) != 0) return;
         --left;
         ++level;
         act();
         --level;
       };
-      for (int i = 0; i < 10; ++i) act();
+      for (int i = 0; i < 10 && !HasFailure(); ++i) {
+        scene.onCallback = nest;
+        act();
+        scene.onCallback = nullptr;
+        EXPECT_EQ(scene.controller ? scene.Faults() : std::string(), "");
+      }
       Check(scene);
     }
     ASSERT_EQ(Object::LiveCount(), before) << "round " << round << "\n" << story;
     ASSERT_FALSE(HasFailure()) << "round " << round << "\n" << story;
   }
+  EXPECT_EQ(deepest, 8);
+  RecordProperty("operations", done);
 }
 
 }  // namespace
