@@ -115,22 +115,29 @@ OpenArguments ArgumentsOf(OpenMode mode) {
   }
 }
 
+// About a quarter of a second in all.
+constexpr DWORD kAttempts = 32;
+
+// Makes a call again that met a reader or a virus scanner at the file, which lets go within moments.
+template <class Call, class Test>
+FileStatus Patiently(Call call, Test mayPass) {
+  FileStatus status = call();
+  for (DWORD attempt = 0; mayPass(status) && attempt < kAttempts; ++attempt) {
+    Sleep(attempt / 2);
+    status = call();
+  }
+  return status;
+}
+
 class WindowsFile final : public File {
  public:
   WindowsFile(std::wstring path, OpenMode mode) : path_(std::move(path)), mode_(mode) {}
 
-  // Emulations of the system let some users write read-only files; the library never does.
+  // Who only reads is told at once that the file is held: many single values may be read one after the other.
   FileStatus Open() {
-    const OpenArguments arguments = ArgumentsOf(mode_);
-    handle_.Reset(CreateFileW(path_.c_str(), arguments.access, kShareAll, nullptr, arguments.disposition,
-                              arguments.flags, nullptr));
-    if (!handle_.IsOpen()) return StatusOf(GetLastError());
-    FileInfo info;
-    const FileStatus status = Info(info);
-    if (status != FileStatus::Ok) return status;
-    const bool refused = info.directory || (mode_ != OpenMode::Read && info.readOnly);
-    if (refused) return FileStatus::AccessDenied;
-    return mode_ == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
+    if (mode_ == OpenMode::Read) return OpenOnce();
+    return Patiently([this] { return OpenOnce(); },
+                     [](FileStatus status) { return status == FileStatus::Busy; });
   }
 
   FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) override {
@@ -197,6 +204,20 @@ class WindowsFile final : public File {
   }
 
  private:
+  // Emulations of the system let some users write read-only files; the library never does.
+  FileStatus OpenOnce() {
+    const OpenArguments arguments = ArgumentsOf(mode_);
+    handle_.Reset(CreateFileW(path_.c_str(), arguments.access, kShareAll, nullptr, arguments.disposition,
+                              arguments.flags, nullptr));
+    if (!handle_.IsOpen()) return StatusOf(GetLastError());
+    FileInfo info;
+    const FileStatus status = Info(info);
+    if (status != FileStatus::Ok) return status;
+    const bool refused = info.directory || (mode_ != OpenMode::Read && info.readOnly);
+    if (refused) return FileStatus::AccessDenied;
+    return mode_ == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
+  }
+
   // File systems without access lists have none to copy.
   void CopyAccessList(HANDLE model) {
     DWORD size = 0;
@@ -254,12 +275,9 @@ FileStatus ReplaceOnce(const std::wstring& from, const std::wstring& to) {
       MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
-// About a quarter of a second in all.
-constexpr DWORD kReplaceAttempts = 32;
-
-bool MayPass(FileStatus status) {
-  return status == FileStatus::Busy || status == FileStatus::AccessDenied;
-}
+struct SearchCloser {
+  void operator()(HANDLE search) const { FindClose(search); }
+};
 
 class WindowsFiles final : public Files {
  public:
@@ -293,13 +311,9 @@ class WindowsFiles final : public Files {
     if (!Holds(from) || !Holds(to)) return FileStatus::BadName;
     const std::wstring source = ToWide(from);
     const std::wstring target = ToWide(to);
-    // A reader or a virus scanner that holds the file lets go within moments.
-    FileStatus status = ReplaceOnce(source, target);
-    for (DWORD attempt = 0; MayPass(status) && attempt < kReplaceAttempts; ++attempt) {
-      Sleep(attempt / 2);
-      status = ReplaceOnce(source, target);
-    }
-    return status;
+    return Patiently(
+        [&] { return ReplaceOnce(source, target); },
+        [](FileStatus status) { return status == FileStatus::Busy || status == FileStatus::AccessDenied; });
   }
 
   FileStatus Remove(std::u16string_view path) override {
@@ -317,12 +331,12 @@ class WindowsFiles final : public Files {
     WIN32_FIND_DATAW entry{};
     const HANDLE search = FindFirstFileW((ToWide(path) + L"\\*").c_str(), &entry);
     if (search == INVALID_HANDLE_VALUE) return StatusOf(GetLastError());
+    const std::unique_ptr<void, SearchCloser> closing(search);
     names.clear();
     do {
       const std::wstring_view found = entry.cFileName;
       if (found != L"." && found != L"..") names.push_back(FromWide(found));
     } while (FindNextFileW(search, &entry) != FALSE);
-    FindClose(search);
     return FileStatus::Ok;
   }
 

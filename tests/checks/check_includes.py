@@ -46,7 +46,8 @@ TOP_OF_LIBRARY = "component"
 SYSTEM_SEAMS = ("platform/posix/", "platform/windows/", "component/")
 
 # Folders that may see the Windows interface.
-WINDOWS_SEAMS = ("platform/windows/", "component/", "examples/", "tests/component/host/", "bench/")
+WINDOWS_SEAMS = ("platform/windows/", "component/", "examples/", "tests/component/host/", "tests/windows/",
+                 "bench/")
 WINDOWS_HEADERS = re.compile(
     r"(?i)^(windows|windef|winbase|winuser|winnls|winreg|winver|objbase|ole2|oleauto|oleidl|oaidl|objidl|ocidl|olectl"
     r"|unknwn|dispex|activscp|activdbg|combaseapi|comdef|shlobj|shlwapi|tchar|propidl|wtypes|winerror|guiddef|initguid)\.h$")

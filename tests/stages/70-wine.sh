@@ -3,9 +3,10 @@ source tests/stages/common.sh
 source tests/component/wine/wine.sh
 needs_packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
 
-# A million calls chosen at random when asked for, otherwise 50,000.
-rounds=200
-if [ "${VESTREL_SCALE-}" = long ]; then rounds=4000; fi
+# A million calls chosen at random when asked for, otherwise 50,000; and how many operations are compared with the
+# system's own and how many processes are ended while they save.
+rounds=200 compared=5000 kills=100
+if [ "${VESTREL_SCALE-}" = long ]; then rounds=4000 compared=100000 kills=2000; fi
 
 hosts=tests/component/host
 scripts=tests/component/scripts
@@ -110,6 +111,14 @@ evening_natively() {
   tr -d '\r' <"$work/workbench.output" | grep -v '^Data folder: ' | diff - tests/workbench/evening.golden.txt
 }
 
+# The library natively: beside the system's own profile functions, beside a program that holds its files, and killed.
+natively() {
+  host "settings files through the system and through the library" $((60 + compared / 100)) "$built/tests/Oracle.exe" \
+    $compared
+  host "a settings file that another program holds" 60 "$built/tests/HeldFile.exe"
+  host "$kills processes ended while they save" $((60 + kills * 5)) "$built/tests/Killed.exe" $kills
+}
+
 with_width() {
   local arch=$2
   work=$PWD/build/wine/$1
@@ -138,12 +147,15 @@ with_width() {
   without_registration
   check "the evening from JScript, $wine_bits-bit" evening_from_script
   check "the evening from the workbench for Windows, $wine_bits-bit" evening_natively
+  if [ "$1" = 64 ]; then natively; fi
   wine_stop
 }
 
 for width in "64 x86_64" "32 i686"; do
   # shellcheck disable=SC2086
   set -- $width
-  build "windows-$2" --target vestrel_hosts vestrel_server vestrel_workbench
+  targets=(vestrel_hosts vestrel_server vestrel_workbench)
+  if [ "$1" = 64 ]; then targets+=(vestrel_windows_tests); fi
+  build "windows-$2" --target "${targets[@]}"
   with_width "$1" "$2"
 done
