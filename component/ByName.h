@@ -1,9 +1,9 @@
 // The native by-name door: makes published classes and calls their operations by name with dynamic values, as
 // automation hosts do, for programs that link the library itself. Checks and conversions are those of the
 // tables; failures are errors with the classic numbers:
-//   6 overflow and 13 type mismatch (an argument), 7 out of memory (std::bad_alloc where not even the error finds
-//   room), 91 no object, 429 no such class, 438 no such operation, 448 no such named argument, 449 a required
-//   argument is missing, 450 too many arguments.
+//   6 overflow and 13 type mismatch (an argument), 7 out of memory (std::bad_alloc where not even the error
+//   finds room), 91 no object, 429 no such class, 438 no such operation, 448 no such named argument, 449 a
+//   required argument is missing, 450 too many arguments.
 #pragma once
 
 #include <initializer_list>

@@ -1,6 +1,7 @@
 // Files and directories as the library uses them: a thin layer over the system's own calls, so that tests can
 // replace it whole and make any single call fail. Paths use "\" as separator (repeated ones count as one);
-// the POSIX side maps them at the last moment. Operations answer a status and throw nothing but std::bad_alloc.
+// the POSIX side maps them at the last moment. Operations answer a status and throw nothing but
+// std::bad_alloc.
 #pragma once
 
 #include <cstddef>
