@@ -1,6 +1,7 @@
 // All tests, in one process and with one browser. ONLY=PATTERN takes those whose name it matches.
 import { accessTests } from './access.mjs';
 import { aheadTests } from './ahead.mjs';
+import { endureTests } from './endure.mjs';
 import { OPERATIONS } from './operations.mjs';
 import { stand } from './support/stand.mjs';
 import { touchTests } from './touch.mjs';
@@ -22,3 +23,4 @@ touchTests(only);
 aheadTests(only);
 wholeTests(only);
 accessTests(only);
+endureTests(only);

@@ -60,6 +60,13 @@ const edit = (name, label, key, check, answer) => ({
   check,
 });
 
+async function beginsWithTheButtonOn(o) {
+  await o.isOn(1, 2);
+  await expect(() => o.page.locator('.notice[data-kind="info"]').textContent()).toMatch(/Cool Front/);
+  await expect(() => o.editMenu.count()).toBe(0);
+  await expect(() => o.page.locator('.waiting').count()).toBe(0);
+}
+
 async function showMenu(o, entry) {
   await o.page.locator('.show-name').click();
   await o.page.getByRole('menuitem', { name: entry }).click();
@@ -586,6 +593,9 @@ export const OPERATIONS = [
   }),
   edit('sets a button to bump', 'Bump on', 'b', (o) => o.has(1, 2, /, bump/)),
   edit('sets a button’s fader mode', 'Speed fader', 'd', (o) => o.has(1, 2, /speed fader/)),
+  // Both begin with the button playing; the rest is the host's.
+  edit('begins to adjust the fade times of a button', 'Adjust fade in and out', ['e', 'a', 'Enter'], beginsWithTheButtonOn),
+  edit('begins to edit the cue of a button', 'Edit cue', ['e', 'e', 'Enter'], beginsWithTheButtonOn),
   {
     name: 'chooses a button in edit mode and leaves it',
     async pointer(o) {

@@ -81,6 +81,27 @@ const TOUCHES = {
     await o.answer('Warm Front');
     await o.holds(1, 2, 'Warm Front');
   },
+  'presses a button long for its menu, and nothing plays': async (o) => {
+    const touch = await finger(o);
+    await touch.down(...(await middle(o.slot(1, 2))));
+    await o.editMenu.waitFor();
+    await touch.up();
+    await o.editMenu.getByRole('menuitem', { name: 'Lock' }).tap();
+    await o.has(1, 2, /locked/);
+    await o.isOn(1, 2, false);
+  },
+  'slides off a button before a press is long, and nothing happens': async (o) => {
+    const touch = await finger(o);
+    const [x, y] = await middle(o.slot(1, 2));
+    await touch.down(x, y);
+    await touch.move(x, y + 60);
+    await new Promise((resolve) => setTimeout(resolve, 700));
+    await touch.up();
+    await expect(() => o.page.locator('.waiting').count()).toBe(0);
+    await expect(() => o.editMenu.count()).toBe(0);
+    await o.isOn(1, 2, false);
+    await o.isOn(1, 3, false);
+  },
   'opens the surface in the drawer': async (o) => {
     await o.button('Panels').tap();
     await expect(() => o.page.locator('.drawer .lamp').count()).toBe(40);

@@ -1,9 +1,10 @@
 // What holds for the page as a whole: several pages at once, the connection, the lamps, refusals, what is announced.
 import { strict as assert } from 'node:assert';
-import { mkdirSync, writeFileSync } from 'node:fs';
+import { writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { LAPTOP, TABLET } from './support/browser.mjs';
 import { expect } from './support/expect.mjs';
+import { writeLargestShow } from './support/largest.mjs';
 import { stand } from './support/stand.mjs';
 
 const NETWORK = /WebSocket|ERR_CONNECTION|Failed to load resource/;
@@ -38,6 +39,33 @@ function lampsShown(page) {
       ]),
     ),
   );
+}
+
+// Notes in the page how long it stood still, and what it showed of work under way.
+function followWork(o) {
+  return o.page.evaluate(() => {
+    window.longest = 0;
+    window.work = [];
+    let before = performance.now();
+    const look = (now) => {
+      window.longest = Math.max(window.longest, now - before);
+      before = now;
+      const bar = document.querySelector('[role="progressbar"]');
+      if (bar) window.work.push([bar.getAttribute('aria-label'), bar.getAttribute('aria-valuenow') ?? bar.getAttribute('aria-valuetext')]);
+      requestAnimationFrame(look);
+    };
+    requestAnimationFrame(look);
+  });
+}
+
+async function shownOfWork(o, name) {
+  const work = await o.page.evaluate(() => window.work);
+  return work.filter(([label]) => label === name).map(([, part]) => Number(part));
+}
+
+async function pageStoodAtHand(o) {
+  const longest = await o.page.evaluate(() => window.longest);
+  assert.ok(longest < 500, `the page stood still for ${Math.round(longest)} ms`);
 }
 
 const WHOLE = {
@@ -173,30 +201,42 @@ const WHOLE = {
   'a million events are listed, and the page stays at hand': async ({ open, workbench }) => {
     const lines = ['1000000'];
     for (let i = 0; i < 1000000; i++) lines.push(`${i * 10},"Amber Front",${i % 2},1,0,0,0`);
-    mkdirSync(workbench.data, { recursive: true });
     writeFileSync(join(workbench.data, 'million.evt'), `${lines.join('\r\n')}\r\n`);
     const o = await open();
     await o.page.getByRole('tab', { name: /^Events/ }).click();
     await o.button('Load…').click();
-    await o.page.evaluate(() => {
-      window.longest = 0;
-      let before = performance.now();
-      const look = (now) => {
-        window.longest = Math.max(window.longest, now - before);
-        before = now;
-        requestAnimationFrame(look);
-      };
-      requestAnimationFrame(look);
-    });
+    await followWork(o);
     await o.answer('million.evt');
     await o.page.locator('.event-count', { hasText: 'event 1 of 1,000,000' }).waitFor({ timeout: 15000 });
+    const parts = await shownOfWork(o, 'Loading the events');
+    assert.ok(parts.some((part) => part > 0 && part < 100), `shown of the work: ${parts}`);
+    assert.deepEqual(parts, [...parts].sort((a, b) => a - b));
     await o.page.locator('.event-rows').focus();
     await o.press('End');
     await expect(() => o.eventRow(1000000).locator('.event-time').textContent()).toBe('02:46:39.990');
     await o.slot(1, 1).click();
     await o.isOn(1, 1);
-    const longest = await o.page.evaluate(() => window.longest);
-    assert.ok(longest < 500, `the page stood still for ${Math.round(longest)} ms`);
+    await pageStoodAtHand(o);
+  },
+  'the largest show is loaded with its progress shown, and the page stays at hand': async ({ open, workbench }) => {
+    const pages = writeLargestShow(workbench.data, 'Largest');
+    const o = await open();
+    await followWork(o);
+    await o.palette('LoadShow Largest');
+    await o.page.locator('.outcome').waitFor({ timeout: 30000 });
+    await o.press('Escape');
+    await o.currentShow('Largest');
+    assert.equal(await o.page.locator('.pages').getByRole('tab').count(), pages.length);
+    assert.ok((await shownOfWork(o, 'Loading the show')).length > 0, 'work was shown');
+    await o.press('[');
+    await o.currentPage(pages.at(-1));
+    await o.press('/');
+    await o.keyboard.type('Button 8 88');
+    await o.page.getByRole('option', { name: /Button 8 88/ }).first().waitFor({ timeout: 15000 });
+    await o.press('Escape');
+    await o.slot(1, 2).click();
+    await o.isOn(1, 2);
+    await pageStoodAtHand(o);
   },
   'changes are announced': async ({ open }) => {
     const o = await open();

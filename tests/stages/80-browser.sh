@@ -35,5 +35,5 @@ check "page: the lock files name no registry" no_registry_in_locks
 build linux-release --target vestrel_workbench
 export VESTREL_WORKBENCH=$PWD/build/linux-release/workbench/vestrel_workbench
 node --test --test-reporter=./$tests/support/reporter.mjs $tests/all.test.mjs || true
-ran_them_all() { [ "$(grep -cE '^(passed|failed) 1 browser:' "$VESTREL_RESULTS")" -ge 120 ]; }
+ran_them_all() { [ "$(grep -cE '^(passed|failed) 1 browser:' "$VESTREL_RESULTS")" -ge 160 ]; }
 check "browser tests were run" ran_them_all

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "core/Convert.h"
 #include "tests/workbench/PageHostFixture.h"
 #include "workbench/server/Hub.h"
@@ -405,6 +407,62 @@ TEST_F(HubTest, LongWorkTellsItsProgress) {
   }
   EXPECT_TRUE(told);
   EXPECT_TRUE(page.state["progress"].is_null());
+}
+
+// Events of a recording that takes a while to read.
+std::string ManyEvents(int count) {
+  std::string text = std::to_string(count) + "\r\n";
+  for (int i = 0; i < count; ++i) text += std::to_string(i) + ",\"Amber Front\",0,1,0,0,0\r\n";
+  return text;
+}
+
+TEST_F(HubTest, WhileEventsAreReadThePageHearsHowFarItIs) {
+  const std::string events = ManyEvents(300'000);
+  std::ofstream(folder() / "many.evt", std::ios::binary) << events;
+  FakePage late;
+  Meanwhile([&] {
+    Tell(page, {{"t", "ping"}, {"id", 2}});
+    Tell(page, {{"t", "find"}, {"id", 3}, {"text", "moon"}});
+    Tell(page, {{"t", "events"}, {"id", 4}, {"from", 0}, {"count", 1}});
+    EXPECT_FALSE(page.Answer("pong", 2).is_null());
+    EXPECT_TRUE(page.Answer("found", 3).is_null());
+    EXPECT_TRUE(page.Answer("events", 4).is_null());
+    hub().Join(late);
+    EXPECT_EQ(late.state["show"], page.state["show"]);
+  });
+  EXPECT_TRUE(Succeeds("record.LoadEventsFrom many.evt"));
+  std::size_t between = 0;
+  for (const json& frame : page.frames) {
+    const json progress =
+        frame["t"] == "patch" ? frame["set"].value("progress", json(nullptr)) : json(nullptr);
+    if (progress.is_null() || progress["total"] == 0) continue;
+    EXPECT_EQ(progress["what"], "record.LoadEventsFrom");
+    EXPECT_EQ(progress["total"], events.size());
+    between += progress["done"] > 0 && progress["done"] < events.size() ? 1U : 0U;
+  }
+  EXPECT_GT(between, 0U);
+  EXPECT_TRUE(page.inOrder);
+  EXPECT_TRUE(page.state["progress"].is_null());
+  EXPECT_EQ(page.state["transport"]["events"], 300'000);
+  loop().poll();
+  EXPECT_EQ(page.Answer("found", 3)["results"].size(), 1U);
+  EXPECT_EQ(page.Answer("events", 4)["total"], 300'000);
+  EXPECT_EQ(late.state, page.state);
+  hub().Leave(late);
+}
+
+TEST_F(HubTest, TooMuchWaitingIsRefusedAndStillEveryButtonIsLetGo) {
+  FakePage other;
+  hub().Join(other);
+  Tell(other, {{"t", "press"}, {"id", 1}, {"control", 9}});
+  Meanwhile([&] {
+    for (int i = 0; i < 1001; ++i) Tell(page, {{"t", "press"}, {"id", i}, {"control", 10}});
+    EXPECT_EQ(page.Answer("error", 1000)["text"], "too much is waiting; nothing was done");
+    hub().Leave(other);
+  });
+  EXPECT_TRUE(Succeeds("pages.saveToINI"));
+  loop().poll();
+  EXPECT_EQ(page.state["group.0"]["slots"][8]["on"], false);
 }
 
 TEST_F(HubTest, ThePictureOfAPageThatComesLateIsTheSame) {

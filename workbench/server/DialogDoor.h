@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vestrel::workbench {
 
@@ -36,6 +37,9 @@ class DialogDoor {
   virtual DialogAnswer Ask(const Dialog& dialog) = 0;
   // One turn of the message loop within a call: `turn` as in SessionObserver::CallBegan.
   virtual void Turn(std::uint64_t turn) = 0;
+  // Within a call: so many bytes of a file have been read or written, of `size` (0: not known). The session
+  // is in the midst of its work; it must be neither asked nor told anything.
+  virtual void FileMoved(std::string_view /*path*/, std::uint64_t /*done*/, std::uint64_t /*size*/) {}
 };
 
 }  // namespace vestrel::workbench

@@ -23,6 +23,10 @@ constexpr std::size_t kHelloEntries = 500;
 constexpr std::size_t kMostWaiting = 1000;
 constexpr std::size_t kMostCommands = 256;
 constexpr auto kProgressInterval = 50ms;
+// What takes longer is told of, whatever it is.
+constexpr auto kLong = 200ms;
+// Of a larger file it is told how far it is; smaller ones are counted.
+constexpr std::uint64_t kLargeFile = 1024ULL * 1024;
 constexpr auto kFarewell = 300ms;
 constexpr std::array<std::string_view, 6> kLongCommands{"LoadShow",
                                                         "CreateNewShow",
@@ -184,17 +188,21 @@ void Hub::HandleCommand(PageClient& page, const json& frame) {
   if (session_.asking()) {
     return SendTo(page, DoneFrame(IdOf(frame), {false, {}, "refused: a dialog is waiting for its answer"}));
   }
-  WhenIdle([this, &page, commands = std::move(commands), id = IdOf(frame)] { RunFor(&page, commands, id); });
+  WhenIdleFor(
+      [this, &page, commands = std::move(commands), id = IdOf(frame)] { RunFor(&page, commands, id); });
 }
 
 void Hub::HandlePress(PageClient& page, const json& frame, bool pressed) {
   constexpr std::int64_t kMostControls = 100'000;
   const auto control = static_cast<std::int32_t>(NumberOf(frame, "control", 1, kMostControls));
-  WhenIdle([this, &page, control, pressed, id = IdOf(frame)] {
+  Work work = [this, &page, control, pressed, id = IdOf(frame)] {
     if (pressed) return Hold(page, control, id);
     LetGo(page, control);
     if (pages_.contains(&page)) SendTo(page, DoneFrame(id, {}));
-  });
+  };
+  // Letting go is never refused.
+  if (!pressed) return WhenIdle(std::move(work));
+  WhenIdleFor(std::move(work));
 }
 
 void Hub::HandleFader(PageClient& page, const json& frame) {
@@ -202,22 +210,29 @@ void Hub::HandleFader(PageClient& page, const json& frame) {
   if (which != "group" && which != "bump") throw BadFrame("\"which\" is neither group nor bump");
   const std::string command = "host." + which + " " + std::to_string(NumberOf(frame, "number", 1, 8)) + " " +
                               std::to_string(NumberOf(frame, "value", 0, 100));
-  WhenIdle([this, &page, command, id = IdOf(frame)] { RunFor(&page, {command}, id); });
+  WhenIdleFor([this, &page, command, id = IdOf(frame)] { RunFor(&page, {command}, id); });
 }
 
 void Hub::HandleFind(PageClient& page, const json& frame) {
-  json answer = FindButtons(session_, TextOf(frame, "text"));
-  answer["t"] = "found";
-  answer["id"] = IdOf(frame);
-  SendTo(page, answer);
+  Answer(page, frame, "found", [this, text = TextOf(frame, "text")] { return FindButtons(session_, text); });
 }
 
 void Hub::HandleEvents(PageClient& page, const json& frame) {
-  json answer =
-      EventRows(session_, NumberOf(frame, "from", 0, INT32_MAX), NumberOf(frame, "count", 0, INT32_MAX));
-  answer["t"] = "events";
-  answer["id"] = IdOf(frame);
-  SendTo(page, answer);
+  const std::int64_t from = NumberOf(frame, "from", 0, INT32_MAX);
+  const std::int64_t count = NumberOf(frame, "count", 0, INT32_MAX);
+  Answer(page, frame, "events", [this, from, count] { return EventRows(session_, from, count); });
+}
+
+void Hub::Answer(PageClient& page, const json& frame, const char* type, std::function<json()> look) {
+  Work answer = [this, &page, type, look = std::move(look), id = IdOf(frame)] {
+    if (!pages_.contains(&page)) return;
+    json found = look();
+    found["t"] = type;
+    found["id"] = id;
+    SendTo(page, found);
+  };
+  if (inFile_) return WhenIdleFor(std::move(answer));
+  answer();
 }
 
 // ---- Buttons that are held down ----
@@ -242,8 +257,12 @@ void Hub::LetGo(PageClient& page, std::int32_t control) {
 
 void Hub::WhenIdle(Work work) {
   if (!busy_) return work();
-  if (waiting_.size() >= kMostWaiting) throw BadFrame("too much is waiting; nothing was done");
   waiting_.push_back(std::move(work));
+}
+
+void Hub::WhenIdleFor(Work work) {
+  if (busy_ && waiting_.size() >= kMostWaiting) throw BadFrame("too much is waiting; nothing was done");
+  WhenIdle(std::move(work));
 }
 
 void Hub::RunWaiting() {
@@ -258,8 +277,11 @@ CommandResult Hub::Run(const std::vector<std::string>& commands) {
   busy_ = true;
   const auto began = std::chrono::steady_clock::now();
   CommandResult result;
+  filesMoved_ = 0;
   for (const std::string& command : commands) {
     AnnounceLongWork(command);
+    call_ = command.substr(0, command.find(' '));
+    callBegan_ = std::chrono::steady_clock::now();
     result = session_.Perform(command, Now());
     if (!result.ok || stopping_) break;
   }
@@ -308,14 +330,37 @@ void Hub::AnnounceLongWork(std::string_view command) {
   Broadcast();
 }
 
-void Hub::Turn(std::uint64_t turn) {
+bool Hub::ProgressIsDue() {
   const auto now = std::chrono::steady_clock::now();
-  if (now - lastProgress_ > kProgressInterval) {
-    if (!longWork_.empty()) view_.Set("progress", {{"what", longWork_}, {"done", turn}, {"total", 0}});
-    lastProgress_ = now;
-    Broadcast();
-  }
+  if (now - lastProgress_ < kProgressInterval) return false;
+  lastProgress_ = now;
+  if (longWork_.empty() && now - callBegan_ > kLong) longWork_ = call_;
+  return !longWork_.empty();
+}
+
+void Hub::TellProgress(std::uint64_t done, std::uint64_t total) {
+  view_.Set("progress", {{"what", longWork_}, {"done", done}, {"total", total}});
+  Broadcast();
+}
+
+void Hub::Turn(std::uint64_t turn) {
+  if (ProgressIsDue()) TellProgress(turn, 0);
   loop_.poll();
+}
+
+void Hub::FileMoved(std::string_view path, std::uint64_t done, std::uint64_t size) {
+  if (path != lastFile_) {
+    lastFile_ = path;
+    ++filesMoved_;
+  }
+  if (inFile_ || !ProgressIsDue()) return;
+  inFile_ = true;
+  view_.Hold(true);
+  const bool large = size > kLargeFile;
+  TellProgress(large ? done : filesMoved_, large ? size : 0);
+  loop_.poll();
+  view_.Hold(false);
+  inFile_ = false;
 }
 
 // ---- Dialogs ----

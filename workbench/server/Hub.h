@@ -68,6 +68,7 @@ class Hub : private DialogDoor {
 
   DialogAnswer Ask(const Dialog& dialog) override;
   void Turn(std::uint64_t turn) override;
+  void FileMoved(std::string_view path, std::uint64_t done, std::uint64_t size) override;
 
   void Handle(PageClient& page, const Json& frame);
   void HandleCommand(PageClient& page, const Json& frame);
@@ -77,9 +78,13 @@ class Hub : private DialogDoor {
   void HandleEvents(PageClient& page, const Json& frame);
   void HandleAnswer(PageClient& page, const Json& frame);
   void AnswerDialog(OpenDialog& open, const Json& value);
+  // Asks the session now, or once it can be asked.
+  void Answer(PageClient& page, const Json& frame, const char* type, std::function<Json()> look);
 
   // At once, or after the call under way.
   void WhenIdle(Work work);
+  // The same for a page; raises BadFrame when too much waits.
+  void WhenIdleFor(Work work);
   void RunWaiting();
   void PostAfterCall();
   void Hold(PageClient& page, std::int32_t control, const Json& id);
@@ -89,6 +94,9 @@ class Hub : private DialogDoor {
   CommandResult Run(const std::vector<std::string>& commands);
   void RunFor(PageClient* page, const std::vector<std::string>& commands, const Json& id);
   void AnnounceLongWork(std::string_view command);
+  // Whether there is something to tell of work that takes its time: now and then.
+  bool ProgressIsDue();
+  void TellProgress(std::uint64_t done, std::uint64_t total);
 
   std::uint64_t Now() const;
   void ScheduleTimers();
@@ -125,7 +133,13 @@ class Hub : private DialogDoor {
   bool stopping_ = false;
   bool finished_ = false;
   std::chrono::microseconds lastCallTook_{0};
+  // The session is in the midst of a file.
+  bool inFile_ = false;
+  std::string call_;
+  std::chrono::steady_clock::time_point callBegan_;
   std::string longWork_;
+  std::string lastFile_;
+  std::uint64_t filesMoved_ = 0;
   std::chrono::steady_clock::time_point lastProgress_;
 };
 

@@ -86,6 +86,10 @@ json StateView::TakeChanges() {
 
 StateView::Keys StateView::Derive() {
   Keys keys = others_;
+  if (held_) {
+    keys.insert(sent_.begin(), sent_.end());
+    return keys;
+  }
   LookAtFolders();
   keys["show"] = Show();
   keys["items"] = items_;

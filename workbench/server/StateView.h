@@ -21,6 +21,8 @@ class StateView {
   nlohmann::json Whole();
   // The keys that changed since they were sent, or null.
   nlohmann::json TakeChanges();
+  // While held the session is not asked: what it told last stands, and only the keys of others change.
+  void Hold(bool held) noexcept { held_ = held; }
   // A key that something else than the session owns (dialog, progress, clients).
   void Set(const std::string& key, nlohmann::json value) { others_[key] = std::move(value); }
 
@@ -31,6 +33,7 @@ class StateView {
   void LookAtFolders();
 
   WorkSession& session_;
+  bool held_ = false;
   Keys sent_;
   Keys others_;
   // What the folders hold, looked at again when a call changed files or the page is another.

@@ -124,8 +124,12 @@ ButtonTypeEnum TypeOf(const Word& word) {
 WorkSession::WorkSession(const std::filesystem::path& dataFolder, const ClockStart& start)
     : dataFolder_(dataFolder),
       start_(start),
-      files_(dataFolder.u16string(), platform::files()),
+      progress_(platform::files()),
+      files_(dataFolder.u16string(), progress_),
       override_({.files = &files_}) {
+  progress_.SetTold([this](std::u16string_view path, std::uint64_t done, std::uint64_t size) {
+    if (depth_ > 0 && asking_ == 0 && door_ != nullptr) door_->FileMoved(ToUtf8(path), done, size);
+  });
   Begin(start);
 }
 

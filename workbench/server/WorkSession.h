@@ -19,6 +19,7 @@
 #include "workbench/host/HostListener.h"
 #include "workbench/host/SimulatedHost.h"
 #include "workbench/server/DialogDoor.h"
+#include "workbench/server/ProgressFiles.h"
 #include "workbench/server/SessionObserver.h"
 #include "workbench/server/WrittenFiles.h"
 
@@ -99,6 +100,7 @@ class WorkSession : private HostListener, private Dialogs {
 
   std::filesystem::path dataFolder_;
   ClockStart start_;
+  ProgressFiles progress_;
   WrittenFiles files_;
   platform::Override override_;
   std::unique_ptr<SimulatedHost> host_;

@@ -114,23 +114,28 @@ export class Operator {
 
   // ---- Without the page: over a connection of its own, to prepare and to look.
 
-  async command(line) {
+  command(line) {
+    return this.commands([line]);
+  }
+
+  // In turn, up to the first that fails.
+  async commands(lines) {
     const done = await this.page.evaluate(
-      (cmd) =>
+      (cmds) =>
         new Promise((resolve, reject) => {
           const socket = new WebSocket(new URL('ws', location.href.replace('http', 'ws')));
           socket.onerror = reject;
           socket.onmessage = ({ data }) => {
             const frame = JSON.parse(data);
-            if (frame.t === 'hello') socket.send(JSON.stringify({ t: 'do', id: 1, cmd }));
+            if (frame.t === 'hello') socket.send(JSON.stringify({ t: 'do', id: 1, cmds }));
             if (frame.t !== 'done') return;
             socket.close();
             resolve(frame);
           };
         }),
-      line,
+      lines,
     );
-    if (!done.ok) throw new Error(`${line}: ${done.error}`);
+    if (!done.ok) throw new Error(`${lines.join('; ')}: ${done.error}`);
     return done.results;
   }
 }

@@ -16,14 +16,14 @@ const times = Number(process.env.VESTREL_TIMES ?? 1);
 const tries = Number(process.env.VESTREL_TRIES ?? 2);
 const throttle = Number(process.env.VESTREL_THROTTLE ?? 1);
 
-export function stand(name, body) {
-  for (let i = 0; i < times; i++) test(name, { timeout: 60000 }, () => tryTo(name, body));
+export function stand(name, body, options = {}) {
+  for (let i = 0; i < times; i++) test(name, { timeout: 60000 }, () => tryTo(name, body, options));
 }
 
-async function tryTo(name, body) {
+async function tryTo(name, body, options) {
   for (let left = tries - 1; ; left--) {
     try {
-      return await attempt(body);
+      return await attempt(body, options);
     } catch (error) {
       if (left <= 0) throw error;
       console.error(`   once more: ${name}: ${error.message}`);
@@ -31,8 +31,8 @@ async function tryTo(name, body) {
   }
 }
 
-async function attempt(body) {
-  const workbench = await new Workbench().start();
+async function attempt(body, options) {
+  const workbench = await new Workbench(options).start();
   const contexts = [];
   const complaints = [];
   const expected = [];

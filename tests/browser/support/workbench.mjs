@@ -12,9 +12,12 @@ export const program = resolve(process.env.VESTREL_WORKBENCH ?? join(root, 'buil
 const READY = /^Vestrel workbench: (http:\/\/\S+)$/;
 
 export class Workbench {
-  constructor(args = []) {
-    this.data = mkdtempSync(join(tmpdir(), 'vestrel-browser-'));
-    this.args = args;
+  constructor({ keepsJournal = false } = {}) {
+    this.folder = mkdtempSync(join(tmpdir(), 'vestrel-browser-'));
+    this.data = join(this.folder, 'data');
+    this.journal = join(this.folder, 'journal');
+    // The least that there is, in megabytes.
+    this.args = keepsJournal ? ['--journal', this.journal, '--journal-size', '1'] : [];
   }
 
   async start() {
@@ -50,6 +53,6 @@ export class Workbench {
 
   async stop() {
     await this.kill('SIGTERM');
-    rmSync(this.data, { recursive: true, force: true });
+    rmSync(this.folder, { recursive: true, force: true });
   }
 }

@@ -64,6 +64,19 @@ export const groups: Signal<Group>[] = Array.from({ length: 10 }, (_, group) =>
 
 export const serverVersion = signal('');
 
+// Work that takes its time, in words.
+const WORK: Record<string, string> = {
+  LoadShow: 'Loading the show',
+  CreateNewShow: 'Making the show',
+  SetPage: 'Turning the page',
+  clearAll: 'Switching everything off',
+  'record.LoadEventsFrom': 'Loading the events',
+  'record.SaveEventsTo': 'Saving the events',
+  'record.updateEventTime': 'Sorting the events',
+};
+
+export const workName = (command: string) => WORK[command] ?? command;
+
 // Controls that the next click can mean while an edit waits.
 export const meantControls = computed(() => new Set(edit.value.flashing));
 

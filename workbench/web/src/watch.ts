@@ -1,7 +1,7 @@
 // What is said to screen readers when it changes, whoever changed it.
 import { effect } from '@preact/signals';
 import { say } from './announce';
-import { edit, progress, show, transport } from './state';
+import { edit, progress, show, transport, workName } from './state';
 
 function whenChanged<T>(read: () => T, tell: (now: T) => void): void {
   let before: T | undefined;
@@ -26,5 +26,5 @@ whenChanged(
 );
 whenChanged(
   () => progress.value?.what ?? '',
-  (now) => say(now || 'Finished'),
+  (now) => say(now ? workName(now) : 'Finished'),
 );

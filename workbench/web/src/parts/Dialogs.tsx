@@ -59,7 +59,7 @@ function ServerBox() {
   };
   const no = kind === 'yesno' ? false : kind === 'message' ? true : null;
   return (
-    <Box key={id} title={title} text={text} leave={() => answer(no)} send={(form) => answer(kind === 'text' ? fieldOf(form) : true)}>
+    <Box key={id} title={title} text={kind === 'text' ? undefined : text} leave={() => answer(no)} send={(form) => answer(kind === 'text' ? fieldOf(form) : true)}>
       {kind === 'text' && <Field label={text || title} value={value ?? ''} />}
       <p class="box-refused" role="alert" hidden={!refused.value}>
         {refused.value}

@@ -4,7 +4,7 @@ import { cancelEdit, editOpen, type EditCommand } from '../actions';
 import { FADER_MODES } from '../protocol';
 import { dialog, edit, groupName, isFilled, groups } from '../state';
 import { question } from '../ui';
-import { deleteOpen } from './editing';
+import { beginCue, beginFadeTimes, deleteOpen } from './editing';
 import { Icon, TypeIcon, type IconName } from './Icon';
 import { Menu, type MenuEntry } from './Menu';
 
@@ -41,8 +41,8 @@ export function EditMenu() {
       action: () => void editOpen(fader),
     })),
     'line',
-    entry('Adjust fade in and out', 'fadeTimes'),
-    entry('Edit cue', 'cue'),
+    { label: 'Adjust fade in and out', action: () => void beginFadeTimes(popup.name) },
+    { label: 'Edit cue', action: () => void beginCue(popup.name) },
   ];
   const head = (
     <>

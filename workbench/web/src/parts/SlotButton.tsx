@@ -45,20 +45,61 @@ function useHold(control: number | null) {
   return { held, hold, letGo };
 }
 
+// Milliseconds.
+const LONG_PRESS = 500;
+// Pixels that a resting finger may wander.
+const REST = 10;
+
+// A finger that rests: not every browser makes a context menu of it. The click that ends it is no click.
+function useLongPress(act: () => void) {
+  const timer = useRef(0);
+  const happened = useRef(false);
+  const end = () => clearTimeout(timer.current);
+  useLayoutEffect(() => end, []);
+  const from = useRef([0, 0]);
+  const begin = ({ clientX, clientY }: PointerEvent) => {
+    end();
+    from.current = [clientX, clientY];
+    happened.current = false;
+    timer.current = window.setTimeout(() => {
+      happened.current = true;
+      act();
+    }, LONG_PRESS);
+  };
+  const wasClick = () => {
+    const click = !happened.current;
+    happened.current = false;
+    return click;
+  };
+  const moved = ({ clientX, clientY }: PointerEvent) => {
+    if (Math.hypot(clientX - from.current[0]!, clientY - from.current[1]!) > REST) end();
+  };
+  return { begin, moved, end, wasClick };
+}
+
 export function SlotButton({ slot, group, position, tabStop }: Properties) {
   const { control } = slot;
   const filled = isFilled(slot);
   const { held, hold, letGo } = useHold(control);
   const byTouch = useRef(false);
+  const openMenu = () => {
+    if (filled && control !== null && !placing()) void choose(control);
+  };
+  const rest = useLongPress(openMenu);
+  const stop = () => {
+    rest.end();
+    letGo();
+  };
   const waiting = control !== null && meantControls.value.has(control);
 
   const clicked = (event: MouseEvent) => {
-    if (control === null) return;
+    if (!rest.wasClick() || control === null) return;
     // A click by keyboard or by assistive technology has no position.
     void click(control, event.detail === 0 ? undefined : pointerOf(event));
   };
   const pointerDown = (event: PointerEvent) => {
     byTouch.current = event.pointerType === 'touch';
+    if (byTouch.current && event.isPrimary && filled && !slot.bump) rest.begin(event);
     if (event.button !== 0 || !filled || !slot.bump) return;
     (event.currentTarget as HTMLElement).setPointerCapture(event.pointerId);
     hold();
@@ -71,9 +112,9 @@ export function SlotButton({ slot, group, position, tabStop }: Properties) {
   };
   const contextMenu = (event: MouseEvent) => {
     event.preventDefault();
-    if (byTouch.current && slot.bump) return;
+    if (byTouch.current) return;
     letGo();
-    if (filled && control !== null && !placing()) void choose(control);
+    openMenu();
   };
 
   return (
@@ -98,10 +139,11 @@ export function SlotButton({ slot, group, position, tabStop }: Properties) {
       title={filled ? describe(slot) : control === null ? 'No control reaches this slot' : undefined}
       onClick={clicked}
       onPointerDown={pointerDown}
-      onPointerUp={letGo}
-      onPointerCancel={letGo}
+      onPointerMove={rest.moved}
+      onPointerUp={stop}
+      onPointerCancel={stop}
       onLostPointerCapture={letGo}
-      onPointerLeave={letGo}
+      onPointerLeave={stop}
       onKeyDown={keyDown}
       onKeyUp={letGo}
       onBlur={letGo}

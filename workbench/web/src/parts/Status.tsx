@@ -2,7 +2,7 @@
 import { assertive, dismiss, notices, polite } from '../announce';
 import { connectionStatus } from '../connection';
 import { connection } from '../link';
-import { progress } from '../state';
+import { progress, workName } from '../state';
 import { Icon } from './Icon';
 
 export function ConnectionBanner() {
@@ -24,21 +24,14 @@ export function ConnectionBanner() {
 export function ProgressBar() {
   const now = progress.value;
   if (!now) return null;
-  const part = now.total > 0 ? Math.min(100, (now.done / now.total) * 100) : 0;
-  const count = `${now.done.toLocaleString('en')} of ${now.total.toLocaleString('en')}`;
+  const what = workName(now.what);
+  const part = now.total > 0 ? Math.min(100, Math.floor((now.done / now.total) * 100)) : undefined;
+  const count = part === undefined ? (now.done ? now.done.toLocaleString('en') : '') : `${part} %`;
   return (
     <div class="progress">
-      <span>{now.what}</span>
-      <div
-        class="progress-bar"
-        role="progressbar"
-        aria-label={now.what}
-        aria-valuemin={0}
-        aria-valuemax={now.total}
-        aria-valuenow={now.done}
-        aria-valuetext={count}
-      >
-        <span style={{ width: `${part}%` }} />
+      <span>{what} …</span>
+      <div class="progress-bar" role="progressbar" aria-label={what} aria-valuenow={part} aria-valuetext={count || undefined}>
+        <span style={part === undefined ? undefined : { width: `${part}%` }} />
       </div>
       <span class="progress-count">{count}</span>
     </div>

@@ -66,6 +66,21 @@ export async function deleteOpen(name: string): Promise<void> {
   if (sure) await editOpen('delete');
 }
 
+// What follows is the host's own: it has the button playing to begin with.
+export async function beginFadeTimes(name: string): Promise<void> {
+  if (await editOpen('fadeTimes')) notify('info', `“${name}” plays, for its fade times to be adjusted.`);
+}
+
+export async function beginCue(name: string): Promise<void> {
+  if (await editOpen('cue')) notify('info', `“${name}” plays, for its cue to be edited.`);
+}
+
+// The same with the button that has the focus.
+export async function beginAtFocused(begin: (name: string) => Promise<void>): Promise<void> {
+  const at = focusedControl();
+  if (at && (await choose(at.control))) await begin(at.name);
+}
+
 async function askName(title: string, label: string, value: string, action: string, then: (name: string) => unknown) {
   const name = (await ask({ title, label, value, action }))?.trim();
   if (name && name !== value) await then(name);
