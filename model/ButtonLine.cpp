@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/Convert.h"
+#include "util/TextBuffer.h"
 
 namespace vestrel {
 namespace {
@@ -26,16 +27,17 @@ bool Split(std::u16string_view text, Fields& fields) {
 }  // namespace
 
 std::u16string ButtonLineText(const ButtonLine& line) {
-  std::u16string text = line.name;
+  TextBuffer text;
+  text.Append(line.name);
   for (const std::int32_t number :
        {std::int32_t{line.buttonType}, std::int32_t{line.playState}, std::int32_t{line.bumpMode},
         std::int32_t{line.faderMode}, line.faderValue}) {
-    text += u'|';
-    text += LongToText(number);
+    text.Append(u'|');
+    text.AppendDecimal(number);
   }
-  text += u'|';
-  text += BooleanToText(line.locked);
-  return text;
+  text.Append(u'|');
+  text.Append(BooleanToText(line.locked));
+  return std::u16string(text.view());
 }
 
 bool ParseButtonLine(std::u16string_view text, ButtonLine& line) {

@@ -6,16 +6,17 @@
 #include "core/Convert.h"
 #include "core/clsObjectList.h"
 #include "model/clsButton.h"
+#include "util/TextBuffer.h"
 
 namespace vestrel {
 
 std::u16string IndexListText(const clsObjectList& buttons) {
-  std::u16string text;
+  TextBuffer text;
   for (Object* item : buttons.Snapshot()) {
-    if (!text.empty()) text += u'|';
-    text += LongToText(Cast<clsButton>(item).buttonIndex);
+    if (text.size() > 0) text.Append(u'|');
+    text.AppendDecimal(Cast<clsButton>(item).buttonIndex);
   }
-  return text;
+  return std::u16string(text.view());
 }
 
 std::vector<std::int32_t> IndexListFromText(std::u16string_view text) {

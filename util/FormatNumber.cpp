@@ -283,17 +283,4 @@ void AppendAddress(TextBuffer& out, const Number& number) {
   }
 }
 
-void AppendDecimal(TextBuffer& out, std::int32_t value) {
-  if (value >= 0 && value < 10) return out.Append(static_cast<char16_t>(u'0' + value));
-  constexpr std::size_t kLongest = 11;
-  char16_t digits[kLongest];
-  char16_t* first = std::end(digits);
-  // Negative numbers reach further than positive ones.
-  for (std::int32_t rest = value > 0 ? -value : value; rest != 0 || first == std::end(digits); rest /= 10) {
-    *--first = static_cast<char16_t>(u'0' - rest % 10);
-  }
-  if (value < 0) *--first = u'-';
-  out.Append(std::u16string_view(first, static_cast<std::size_t>(std::end(digits) - first)));
-}
-
 }  // namespace vestrel::modSprintf

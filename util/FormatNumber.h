@@ -26,7 +26,4 @@ void AppendNumber(TextBuffer& out, const Directive& directive, const Number& num
 // Appends the low 32 bits of `number` as an address of two halves, "0012:ABCD".
 void AppendAddress(TextBuffer& out, const Number& number);
 
-// Appends a whole number in decimal.
-void AppendDecimal(TextBuffer& out, std::int32_t value);
-
 }  // namespace vestrel::modSprintf

@@ -1,9 +1,25 @@
 #include "util/TextBuffer.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vestrel {
+namespace {
+
+// A sign and ten digits.
+constexpr std::size_t kLongestDecimal = 11;
+
+}  // namespace
+
+void TextBuffer::AppendLargeDecimal(std::int32_t value) {
+  char16_t digits[kLongestDecimal];
+  char16_t* first = std::end(digits);
+  const auto bits = static_cast<std::uint32_t>(value);
+  for (std::uint32_t rest = value < 0 ? 0U - bits : bits; rest != 0; rest /= 10) *--first = Digit(rest % 10);
+  if (value < 0) *--first = u'-';
+  Append(std::u16string_view(first, static_cast<std::size_t>(std::end(digits) - first)));
+}
 
 void TextBuffer::Grow(std::size_t count) {
   const std::size_t wanted = std::max(capacity_ * 2, size_ + count);

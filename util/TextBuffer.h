@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -22,8 +23,17 @@ class TextBuffer {
 
   void Append(char16_t unit) { *Extend(1) = unit; }
   void Append(std::u16string_view text) {
-    char16_t* to = Extend(text.size());
-    for (const char16_t unit : text) *to++ = unit;
+    std::char_traits<char16_t>::copy(Extend(text.size()), text.data(), text.size());
+  }
+  // Small numbers, which nearly all are, need no loop.
+  void AppendDecimal(std::int32_t value) {
+    const auto small = static_cast<std::uint32_t>(value);
+    if (small >= 100) return AppendLargeDecimal(value);
+    char16_t* const to = Room(2);
+    const bool two = small >= 10;
+    to[0] = Digit(two ? small / 10 : small);
+    to[1] = Digit(small % 10);
+    Advance(two ? 2 : 1);
   }
   // Each byte becomes one unit: for digits and signs.
   void AppendAscii(std::string_view text) {
@@ -50,6 +60,8 @@ class TextBuffer {
     Advance(count);
     return place;
   }
+  static char16_t Digit(std::uint32_t value) noexcept { return static_cast<char16_t>(u'0' + value); }
+  void AppendLargeDecimal(std::int32_t value);
   void Grow(std::size_t count);
 
   static constexpr std::size_t kInlineSize = 512;

@@ -3,8 +3,14 @@
 #include "util/modSprintf.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #include "core/Cast.h"
 #include "core/Checked.h"
@@ -43,6 +49,30 @@ namespace {
 
 constexpr std::u16string_view kConversionCharacters = u"gGxXeEpnfcdiosu%";
 
+bool IsMark(char16_t unit) noexcept {
+  return unit == u'\\' || unit == u'%';
+}
+
+// Copies up to `left` units, to the first that means something; the result is how many are before that. Those
+// behind it may have been copied as well.
+std::size_t CopyUntilMark(char16_t* to, const char16_t* from, std::size_t left) noexcept {
+  std::size_t count = 0;
+#ifdef __SSE2__
+  constexpr std::size_t kBlock = 8;
+  for (; count + kBlock <= left; count += kBlock) {
+    __m128i units;
+    std::memcpy(&units, from + count, sizeof units);
+    std::memcpy(to + count, &units, sizeof units);
+    const __m128i marks = _mm_or_si128(_mm_cmpeq_epi16(units, _mm_set1_epi16(u'\\')),
+                                       _mm_cmpeq_epi16(units, _mm_set1_epi16(u'%')));
+    const auto bits = static_cast<unsigned>(_mm_movemask_epi8(marks));
+    if (bits != 0) return count + static_cast<unsigned>(std::countr_zero(bits)) / sizeof(char16_t);
+  }
+#endif
+  for (; count < left && !IsMark(from[count]); ++count) to[count] = from[count];
+  return count;
+}
+
 class Formatter {
  public:
   Formatter(TextBuffer& out, std::u16string_view format, std::span<const FormatArg> args) noexcept
@@ -62,13 +92,7 @@ class Formatter {
   // Copies up to the next character that means something; false at the end of the format.
   bool CopyOrdinary() {
     const std::size_t left = format_.size() - at_;
-    const char16_t* const from = format_.data() + at_;
-    char16_t* const to = out_.Room(left);
-    std::size_t count = 0;
-    while (count < left && from[count] != u'\\' && from[count] != u'%') {
-      to[count] = from[count];
-      ++count;
-    }
+    const std::size_t count = CopyUntilMark(out_.Room(left), format_.data() + at_, left);
     out_.Advance(count);
     at_ += count;
     return count < left;
@@ -119,7 +143,7 @@ class Formatter {
     if (conversion == u's' && arg.kind() == FormatArg::Kind::Text) {
       out_.Append(arg.AsText());
     } else if (conversion == u'd' && arg.kind() == FormatArg::Kind::Long) {
-      AppendDecimal(out_, arg.AsLong());
+      out_.AppendDecimal(arg.AsLong());
     } else {
       return false;
     }

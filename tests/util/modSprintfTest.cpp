@@ -41,6 +41,24 @@ TEST(modSprintfTest, CopiesOrdinaryText) {
   EXPECT_EQ(Format(u"unused", 1, u"x"), u"unused");
 }
 
+TEST(modSprintfTest, FindsDirectivesAndEscapesWhereverTheyStand) {
+  for (std::size_t before = 0; before < 20; ++before) {
+    for (std::size_t behind = 0; behind < 20; ++behind) {
+      const std::u16string a(before, u'a');
+      const std::u16string b(behind, u'b');
+      EXPECT_EQ(Format(a + u"%d" + b, 7), a + u"7" + b) << before << " " << behind;
+      EXPECT_EQ(Format(a + u"\\t" + b + u"%s" + a, u"text"), a + u"\t" + b + u"text" + a)
+          << before << " " << behind;
+    }
+  }
+}
+
+TEST(modSprintfTest, WritesPlainDecimalsOfEveryLength) {
+  for (const std::int32_t value :
+       {0, 9, 10, 47, 99, 100, 101, 999, 1000, 2147483647, -1, -9, -10, -100, kLowest})
+    EXPECT_EQ(ToUtf8(Format(u"%d", value)), std::to_string(value));
+}
+
 TEST(modSprintfTest, TurnsEscapesIntoControlCharacters) {
   const struct {
     std::u16string_view format;
