@@ -2,22 +2,36 @@
 // are. Every code page agrees on it.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
 namespace vestrel::platform {
 
-// Whole stretches are looked at before anything is decided, which the compiler turns into wide steps.
+// Whether none of the bits is set in any eight bytes of the text, nor in what is left of it at the end.
+template <class Unit>
+bool LacksBits(std::basic_string_view<Unit> text, std::uint64_t bits) noexcept {
+  constexpr std::size_t kTogether = sizeof bits / sizeof(Unit);
+  std::uint64_t seen = 0;
+  std::size_t at = 0;
+  for (; at + kTogether <= text.size(); at += kTogether) {
+    std::uint64_t units = 0;
+    std::memcpy(&units, text.data() + at, sizeof units);
+    seen |= units;
+  }
+  std::uint64_t rest = 0;
+  if (at < text.size()) std::memcpy(&rest, text.data() + at, (text.size() - at) * sizeof(Unit));
+  return ((seen | rest) & bits) == 0;
+}
+
 inline bool IsAscii(std::u16string_view text) noexcept {
-  unsigned bits = 0;
-  for (const char16_t unit : text) bits |= unit;
-  return bits < 0x80;
+  return LacksBits(text, 0xFF80FF80FF80FF80U);
 }
 
 inline bool IsAscii(std::string_view bytes) noexcept {
-  unsigned bits = 0;
-  for (const char byte : bytes) bits |= static_cast<unsigned char>(byte);
-  return bits < 0x80;
+  return LacksBits(bytes, 0x8080808080808080U);
 }
 
 // Both require IsAscii.

@@ -33,6 +33,8 @@ enum class OpenMode : std::uint8_t {
   Create,     // made when absent, emptied when present
   CreateNew,  // must be absent
   Append,     // made when absent, written at its end
+  AppendOn,   // as Append, for a file that was opened so before: what the system permits is not looked into
+              // again
   Scratch,    // made when absent, kept as it is when present; a link in its place is refused, not followed
 };
 
@@ -60,10 +62,13 @@ class File {
 
   // Reads up to buffer.size() bytes at `offset`; `done` says how many (0 at the end of the file).
   virtual FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) = 0;
-  // Writes at `offset` (Append files: at the end, whatever `offset` says); `done` may be short.
+  // Writes at `offset` (Append and AppendOn files: at the end, whatever `offset` says); `done` may be short.
   virtual FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) = 0;
   virtual FileStatus Truncate(std::uint64_t size) = 0;
   virtual FileStatus Info(FileInfo& info) = 0;
+  // FileInfo::identity as it was found on opening, and where Lock opened the file again as it is since. Asks
+  // nothing of the system. Not for an AppendOn file.
+  virtual std::uint64_t Identity() const noexcept = 0;
   // Gives this file the permissions of `like` (a file of the same Files), and its owner as far as the system
   // lets us.
   virtual FileStatus CopyAccess(File& like) = 0;
@@ -90,6 +95,11 @@ class Files {
   virtual FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) = 0;
   // Follows nothing that is not there: NotFound or PathNotFound for an absent one.
   virtual FileStatus Info(std::u16string_view path, FileInfo& info) = 0;
+  // Whether Info would answer Ok: quicker where all that matters is that there is nothing.
+  virtual bool IsThere(std::u16string_view path) {
+    FileInfo ignored;
+    return Info(path, ignored) == FileStatus::Ok;
+  }
   // The path with links followed: the file that a write through `path` would change. An absent file is
   // answered as it was named.
   virtual FileStatus Resolve(std::u16string_view path, std::u16string& real) = 0;

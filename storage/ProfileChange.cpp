@@ -48,6 +48,14 @@ std::size_t EqualBack(std::string_view a, std::string_view b) {
   return static_cast<std::size_t>(std::mismatch(a.rbegin(), a.rend(), b.rbegin()).first - a.rbegin());
 }
 
+// The text from the first splice to the end of the last.
+std::string Between(std::string_view file, std::span<const ProfileSplice> splices) {
+  const std::size_t first = splices.front().offset;
+  std::vector<ProfileSplice> local(splices.begin(), splices.end());
+  for (ProfileSplice& splice : local) splice.offset -= first;
+  return Spliced(file.substr(first, splices.back().offset + splices.back().length - first), local);
+}
+
 ProfileChange Whole(std::string bytes) {
   return {Kind::Whole, 0, std::move(bytes)};
 }
@@ -77,9 +85,8 @@ ProfileChange ChangeOf(std::string_view file, std::span<const ProfileSplice> spl
   const std::size_t first = splices.front().offset;
   const std::size_t end = splices.back().offset + splices.back().length;
   const std::string_view was = file.substr(first, end - first);
-  std::vector<ProfileSplice> local(splices.begin(), splices.end());
-  for (ProfileSplice& splice : local) splice.offset -= first;
-  ProfileChange change = InPlace(first, was, Spliced(was, local));
+  ProfileChange change = splices.size() == 1 ? InPlace(first, was, splices.front().text)
+                                             : InPlace(first, was, Between(file, splices));
   if (change.kind == Kind::Whole) change.bytes = Spliced(file, splices);
   return change;
 }

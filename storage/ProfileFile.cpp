@@ -65,14 +65,12 @@ FileStatus ProfileFile::Try(std::span<const ProfileEdit> edits, Sync sync, bool&
 // While we waited for the lock another writer may have put a new file in place; the one we hold is then no
 // longer the file of that name.
 FileStatus ProfileFile::Change(File& target, std::span<const ProfileEdit> edits, Sync sync, bool& again) {
-  FileInfo held;
   FileInfo named;
-  FileStatus status = Uninterrupted([&] { return target.Info(held); });
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return files().Info(path_, named); });
-  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != held.identity);
+  FileStatus status = Uninterrupted([&] { return files().Info(path_, named); });
+  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != target.Identity());
   if (status != FileStatus::Ok || again) return status;
   FileBytes bytes;
-  status = ReadAll(target, held.size, bytes);
+  status = ReadAll(target, named.size, bytes);
   if (status != FileStatus::Ok) return status;
   const ProfileChange change = PlanChange(bytes.view(), edits);
   if (change.kind == ProfileChange::Kind::Whole) return Replace(target, change.bytes, sync);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace vestrel::profile {
@@ -26,14 +27,37 @@ struct Line {
 };
 
 // Space, tab, vertical tab, form feed and the old end-of-file mark.
-bool IsBlank(char c) noexcept;
-bool IsLineEnd(char c) noexcept;
+inline bool IsBlank(char c) noexcept {
+  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+}
+inline bool IsLineEnd(char c) noexcept {
+  return c == '\r' || c == '\n';
+}
+bool HasLineEnd(std::string_view text) noexcept;
 std::string_view TrimBlanks(std::string_view text) noexcept;
 // Spaces alone, which is what callers' section and key names are freed of.
 std::string_view TrimSpaces(std::string_view text) noexcept;
 
+// Whether eight bytes at each place differ in more than the bit that divides large from small letters.
+constexpr std::size_t kCompared = 8;
+inline bool DifferBeyondCase(const char* a, const char* b) noexcept {
+  constexpr std::uint64_t kCaseBits = 0x2020202020202020U;
+  std::uint64_t left = 0;
+  std::uint64_t right = 0;
+  std::memcpy(&left, a, kCompared);
+  std::memcpy(&right, b, kCompared);
+  return ((left ^ right) & ~kCaseBits) != 0;
+}
+
 // Equal without regard to the case of ASCII letters.
 bool SameName(std::string_view a, std::string_view b) noexcept;
+
+// Quick tests before SameName and ReadLine: false when `text` cannot begin with `name` in whatever case of
+// letters, and where the line after the one that begins at `begin` begins.
+inline bool MayBegin(std::string_view text, std::string_view name) noexcept {
+  return name.size() < kCompared || text.size() < kCompared || !DifferBeyondCase(text.data(), name.data());
+}
+std::size_t NextLine(std::string_view text, std::size_t begin) noexcept;
 
 // The line that begins at `begin`, which is less than the text's size.
 Line ReadLine(std::string_view text, std::size_t begin) noexcept;

@@ -36,8 +36,9 @@ void ProfilePlan::Make(std::span<const ProfileEdit> run) {
   for (const ProfileEdit& edit : run) Add(GroupOf(profile::TrimSpaces(edit.section)), edit);
   std::vector<std::pair<Group*, Line>> present;
   for (Group& group : groups_) present.emplace_back(&group, profile::FindSection(text_, group.section));
-  std::stable_sort(present.begin(), present.end(),
-                   [](const auto& a, const auto& b) { return a.second.begin < b.second.begin; });
+  if (present.size() > 1)
+    std::stable_sort(present.begin(), present.end(),
+                     [](const auto& a, const auto& b) { return a.second.begin < b.second.begin; });
   for (auto& [group, header] : present) {
     if (header.begin < text_.size()) {
       EditSection(*group, header);
@@ -84,12 +85,14 @@ ProfilePlan::Entry* ProfilePlan::Find(Group& group, std::string_view key) {
 }
 
 void ProfilePlan::EditSection(Group& group, const Line& header) {
-  Line last = header;  // the last line that new keys go behind
   std::size_t open = group.entries.size();
   for (std::size_t at = header.next; at < text_.size() && open > 0;) {
+    if (!MayConcern(group, at)) {
+      at = profile::NextLine(text_, at);
+      continue;
+    }
     const Line line = profile::ReadLine(text_, at);
     if (line.kind == LineKind::Section) break;
-    if (line.kind == LineKind::Key || line.kind == LineKind::Junk) last = line;
     Entry* entry = line.kind == LineKind::Key ? Find(group, line.name) : nullptr;
     if (entry != nullptr && !entry->done) {
       EditLine(line, *entry);
@@ -98,7 +101,26 @@ void ProfilePlan::EditSection(Group& group, const Line& header) {
     }
     at = line.next;
   }
-  if (open > 0) AddKeys(group, last);
+  if (open > 0) AddKeys(group, LastOf(header));
+}
+
+// Most lines of a large section are passed on sight of their first bytes.
+bool ProfilePlan::MayConcern(const Group& group, std::size_t at) const {
+  const std::string_view line = text_.substr(at);
+  if (!group.byKey.empty() || line.front() == '[' || profile::IsBlank(line.front())) return true;
+  return std::any_of(group.entries.begin(), group.entries.end(),
+                     [&](const Entry& entry) { return !entry.done && profile::MayBegin(line, entry.key); });
+}
+
+Line ProfilePlan::LastOf(const Line& header) const {
+  Line last = header;
+  for (std::size_t at = header.next; at < text_.size();) {
+    const Line line = profile::ReadLine(text_, at);
+    if (line.kind == LineKind::Section) break;
+    if (line.kind == LineKind::Key || line.kind == LineKind::Junk) last = line;
+    at = line.next;
+  }
+  return last;
 }
 
 void ProfilePlan::EditLine(const Line& line, const Entry& entry) {

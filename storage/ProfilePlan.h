@@ -39,6 +39,10 @@ class ProfilePlan {
   Group& GroupOf(std::string_view section);
   static void Add(Group& group, const ProfileEdit& edit);
   static Entry* Find(Group& group, std::string_view key);
+  // Whether the line that begins at `at` opens a section or may hold one of the group's keys.
+  bool MayConcern(const Group& group, std::size_t at) const;
+  // The last line of a section that new keys go behind.
+  profile::Line LastOf(const profile::Line& header) const;
   void EditSection(Group& group, const profile::Line& header);
   void EditLine(const profile::Line& line, const Entry& entry);
   void AddKeys(const Group& group, const profile::Line& behind);

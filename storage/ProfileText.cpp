@@ -12,27 +12,25 @@ using profile::LineKind;
 
 namespace {
 
-bool HasLineEnd(std::string_view text) {
-  return text.find_first_of("\r\n") != std::string_view::npos;
-}
-
 // A section name that reads back as it was written.
 bool IsPlainSection(std::string_view name) {
   name = profile::TrimSpaces(name);
-  return name.find(']') == std::string_view::npos && profile::TrimBlanks(name) == name && !HasLineEnd(name);
+  return name.find(']') == std::string_view::npos && profile::TrimBlanks(name) == name &&
+         !profile::HasLineEnd(name);
 }
 
 bool IsPlainKey(std::string_view name) {
   name = profile::TrimSpaces(name);
   const bool marked = !name.empty() && (name.front() == ';' || name.front() == '[');
   return !marked && name.find('=') == std::string_view::npos && profile::TrimBlanks(name) == name &&
-         !HasLineEnd(name);
+         !profile::HasLineEnd(name);
 }
 
 // An edit that adds or changes one line and nothing else. Those that follow one another need not be made one
 // by one; a deletion moves the place where new keys go, and odd names or values change how the text divides.
 bool IsPlain(const ProfileEdit& edit) {
-  return edit.value && !HasLineEnd(*edit.value) && IsPlainSection(edit.section) && IsPlainKey(edit.key);
+  return edit.value && !profile::HasLineEnd(*edit.value) && IsPlainSection(edit.section) &&
+         IsPlainKey(edit.key);
 }
 
 }  // namespace

@@ -92,8 +92,7 @@ void ScratchFile::Discard() noexcept {
 
 // Whoever makes a file that another has just made may hold a scratch file without the target's lock.
 void ScratchFile::RemoveLeftover(std::u16string_view target, std::u16string_view suffix) {
-  FileInfo info;
-  if (files().Info(ScratchPath(target, suffix), info) != FileStatus::Ok) return;
+  if (!files().IsThere(ScratchPath(target, suffix))) return;
   ScratchFile leftover(suffix);
   leftover.Open(target, LockMode::TryExclusive);
 }

@@ -77,7 +77,9 @@ bool clsIniFile::TestWritable() {
 }
 
 std::u16string clsIniFile::FullKey(std::u16string_view key) const {
-  return keyPrefix_ + std::u16string(key);
+  std::u16string full;
+  full.reserve(keyPrefix_.size() + key.size());
+  return full.append(keyPrefix_).append(key);
 }
 
 std::u16string clsIniFile::Read(std::u16string_view key, std::u16string_view defaultText) const {

@@ -4,11 +4,13 @@
 #include <optional>
 
 #include "core/Error.h"
+#include "platform/Ascii.h"
 #include "platform/Platform.h"
 #include "storage/FileIo.h"
 #include "storage/NarrowText.h"
 #include "storage/ProfileChange.h"
 #include "storage/ProfileFile.h"
+#include "storage/ProfileLines.h"
 #include "util/modLog.h"
 
 namespace vestrel::modIniFile {
@@ -60,7 +62,7 @@ void WriteIniString(std::u16string_view fileName, std::u16string_view section, s
   if (value != nullptr) {
     if (value->size() > std::numeric_limits<std::int16_t>::max()) RaiseError(Error_Overflow, u"modIniFile");
     edit.value = narrow(*value);
-    BlankLineBreaks(*value);
+    if (profile::HasLineEnd(*edit.value)) BlankLineBreaks(*value);
   }
   Write(fileName, std::move(edit));
   narrow.WarnOfLosses();
@@ -69,8 +71,10 @@ void WriteIniString(std::u16string_view fileName, std::u16string_view section, s
 void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
                         std::u16string_view value) {
   bool lossy = false;
-  const bool fits =
-      value.size() * 4 <= kLongestRead || platform::encoding().Narrow(value, lossy).size() <= kLongestRead;
+  // Most are so short that they fit in any page, or so that letters of one byte do.
+  const bool fits = value.size() * 4 <= kLongestRead ||
+                    (value.size() <= kLongestRead && platform::IsAscii(value)) ||
+                    platform::encoding().Narrow(value, lossy).size() <= kLongestRead;
   if (fits) return;
   modLog::LogFormat(LogLevel_2_WARNING,
                     u"[%s] %s in [%s] is longer than the %d characters that are read back", section, key,

@@ -107,6 +107,7 @@ OpenArguments ArgumentsOf(OpenMode mode) {
     case OpenMode::CreateNew:
       return {readWrite, CREATE_NEW};
     case OpenMode::Append:
+    case OpenMode::AppendOn:
       return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, OPEN_ALWAYS};
     case OpenMode::Scratch:
       return {readWrite | WRITE_DAC, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT};
@@ -151,7 +152,8 @@ class WindowsFile final : public File {
   }
 
   FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) override {
-    OVERLAPPED position = At(mode_ == OpenMode::Append ? kEndOfFile : offset);
+    const bool appends = mode_ == OpenMode::Append || mode_ == OpenMode::AppendOn;
+    OVERLAPPED position = At(appends ? kEndOfFile : offset);
     DWORD count = 0;
     const BOOL succeeded =
         WriteFile(handle_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, &position);
@@ -168,6 +170,7 @@ class WindowsFile final : public File {
   }
 
   FileStatus Info(FileInfo& info) override { return InfoOf(handle_.get(), info); }
+  std::uint64_t Identity() const noexcept override { return identity_; }
 
   FileStatus CopyAccess(File& like) override {
     const HANDLE model = static_cast<WindowsFile&>(like).handle_.get();
@@ -210,9 +213,11 @@ class WindowsFile final : public File {
     handle_.Reset(CreateFileW(path_.c_str(), arguments.access, kShareAll, nullptr, arguments.disposition,
                               arguments.flags, nullptr));
     if (!handle_.IsOpen()) return StatusOf(GetLastError());
+    if (mode_ == OpenMode::AppendOn) return FileStatus::Ok;
     FileInfo info;
     const FileStatus status = Info(info);
     if (status != FileStatus::Ok) return status;
+    identity_ = info.identity;
     const bool refused = info.directory || (mode_ != OpenMode::Read && info.readOnly);
     if (refused) return FileStatus::AccessDenied;
     return mode_ == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
@@ -231,6 +236,7 @@ class WindowsFile final : public File {
 
   std::wstring path_;
   OpenMode mode_;
+  std::uint64_t identity_ = 0;
   Handle handle_{INVALID_HANDLE_VALUE};
   PathLock lock_;
 };

@@ -107,7 +107,7 @@ void DiskModel::Note(const FileCall& call) {
   } else if (call.name == "WriteAt") {
     Inode& inode = *handles_.at(call.handle);
     std::uint64_t offset = call.offset;
-    if (call.mode == platform::OpenMode::Append) {
+    if (call.mode == platform::OpenMode::Append || call.mode == platform::OpenMode::AppendOn) {
       Inode whole = inode;
       Settle(whole);
       offset = whole.durable.size();

@@ -84,6 +84,40 @@ TEST_F(FilesTest, AppendingWritesAtTheEndWhateverTheOffset) {
   EXPECT_EQ(folder.Get("log"), "one two");
 }
 
+TEST_F(FilesTest, AppendingOnMakesTheFileAndWritesAtTheEndAsWell) {
+  ASSERT_EQ(Open("log", OpenMode::AppendOn), FileStatus::Ok);
+  EXPECT_EQ(Write("one "), FileStatus::Ok);
+  ASSERT_EQ(Open("log", OpenMode::AppendOn), FileStatus::Ok);
+  EXPECT_EQ(Write("two"), FileStatus::Ok);
+  EXPECT_EQ(folder.Get("log"), "one two");
+  EXPECT_EQ(Open("no/log", OpenMode::AppendOn), FileStatus::PathNotFound);
+  EXPECT_EQ(system.Open(folder.Path(), OpenMode::AppendOn, file), FileStatus::AccessDenied);
+}
+
+TEST_F(FilesTest, AnOpenFileKeepsItsIdentityWhenItsNameGoesToAnother) {
+  folder.Put("old", "old");
+  folder.Put("new", "new");
+  ASSERT_EQ(Open("old", OpenMode::ReadWrite), FileStatus::Ok);
+  FileInfo named;
+  system.Info(folder.Path("old"), named);
+  EXPECT_EQ(file->Identity(), named.identity);
+  ASSERT_EQ(system.Replace(folder.Path("new"), folder.Path("old")), FileStatus::Ok);
+  FileInfo held;
+  EXPECT_EQ(file->Info(held), FileStatus::Ok);
+  EXPECT_EQ(file->Identity(), held.identity);
+  system.Info(folder.Path("old"), named);
+  EXPECT_NE(file->Identity(), named.identity);
+}
+
+TEST_F(FilesTest, TellsWhatIsThere) {
+  folder.Put("f", "");
+  EXPECT_TRUE(system.IsThere(folder.Path("f")));
+  EXPECT_TRUE(system.IsThere(folder.Path()));
+  EXPECT_FALSE(system.IsThere(folder.Path("absent")));
+  EXPECT_FALSE(system.IsThere(folder.Path("f/below")));
+  EXPECT_FALSE(system.IsThere(u""));
+}
+
 TEST_F(FilesTest, AReadOnlyFileRefusesEveryKindOfWritingEvenForTheSuperuser) {
   folder.Put("f", "kept");
   chmod(folder.Real("f").c_str(), 0444);

@@ -263,6 +263,39 @@ TEST(ProfileTextTest, NamesMayHaveAnyLength) {
   EXPECT_EQ(ProfileText(written).Keys(name), std::vector<std::string_view>{name});
 }
 
+// Whatever a line's length, its end is where it stands.
+TEST(ProfileTextTest, LinesMayHaveAnyLengthAndEnd) {
+  for (const std::string_view end : {"\r\n", "\n", "\r"}) {
+    for (std::size_t length = 0; length < 70; ++length) {
+      const std::string value(length, 'v');
+      const std::string text = std::string("[s]").append(end) + "before=" + value + std::string(end) +
+                               "key and more=" + value + std::string(end) + "after=" + value;
+      EXPECT_EQ(Found({"", text, "s", "before", ""}), value) << length;
+      EXPECT_EQ(Found({"", text, "s", "key and more", ""}), value) << length;
+      EXPECT_EQ(Found({"", text, "s", "after", ""}), value) << length;
+      const ProfileEdit edit{"s", "key and more", "new"};
+      const std::string now = EditedFile(text, std::span(&edit, 1));
+      EXPECT_EQ(Found({"", now, "s", "key and more", ""}), "new") << length;
+      EXPECT_EQ(Found({"", now, "s", "after", ""}), value) << length;
+    }
+  }
+}
+
+// "@" and "`", "[" and "{" differ by what divides large from small letters, and are none.
+TEST(ProfileTextTest, LongNamesMatchInAnyCaseOfLettersAlone) {
+  const std::string_view text = "[A long @ section]\r\nA long @ key=1\r\nA LONG KEY WITH {=2\r\n";
+  EXPECT_EQ(Found({"", text, "a LONG @ SECTION", "a LONG @ KEY", ""}), "1");
+  EXPECT_EQ(Found({"", text, "A long @ section", "A long ` key", ""}), "<none>");
+  EXPECT_EQ(Found({"", text, "A long ` section", "A long @ key", ""}), "<none>");
+  EXPECT_EQ(Found({"", text, "A long @ section", "a long key with [", ""}), "<none>");
+  const std::vector<ProfileEdit> edits{{"A long @ section", "A long ` key", "3"},
+                                       {"A long @ section", "a LONG @ key", "4"},
+                                       {"A long @ section", "A long key without", "5"}};
+  EXPECT_EQ(EditedFile(text, edits),
+            "[A long @ section]\r\nA long @ key=4\r\nA LONG KEY WITH {=2\r\nA long ` key=3\r\n"
+            "A long key without=5\r\n");
+}
+
 TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {
   std::string text = "[a]\r\nKEY3=old\r\nkey3=other\r\n[b]\r\nkey1=old";
   std::vector<ProfileEdit> edits;

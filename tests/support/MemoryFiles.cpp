@@ -56,7 +56,8 @@ class MemoryFile final : public File {
     done = 0;
     if (const FileStatus failure = files_.Called("WriteAt"); failure != FileStatus::Ok) return failure;
     if (mode_ == OpenMode::Read) return FileStatus::AccessDenied;
-    const std::size_t start = mode_ == OpenMode::Append ? node_->bytes.size() : offset;
+    const bool appends = mode_ == OpenMode::Append || mode_ == OpenMode::AppendOn;
+    const std::size_t start = appends ? node_->bytes.size() : offset;
     done = std::min(bytes.size(), files_.writeLimit_);
     if (node_->bytes.size() < start + done) node_->bytes.resize(start + done);
     std::copy_n(bytes.begin(), done, node_->bytes.begin() + static_cast<std::ptrdiff_t>(start));
@@ -74,6 +75,8 @@ class MemoryFile final : public File {
     info = MemoryFiles::InfoOf(*node_);
     return FileStatus::Ok;
   }
+
+  std::uint64_t Identity() const noexcept override { return MemoryFiles::InfoOf(*node_).identity; }
 
   FileStatus CopyAccess(File& like) override {
     if (const FileStatus failure = files_.Called("CopyAccess"); failure != FileStatus::Ok) return failure;

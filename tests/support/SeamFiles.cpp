@@ -56,6 +56,7 @@ class SeamFile final : public File {
   FileStatus Info(FileInfo& info) override {
     return files_.Pass(Call("Info"), [&](FileCall&) { return inner_->Info(info); });
   }
+  std::uint64_t Identity() const noexcept override { return inner_->Identity(); }
   FileStatus CopyAccess(File& like) override {
     return files_.Pass(Call("CopyAccess"),
                        [&](FileCall&) { return inner_->CopyAccess(*static_cast<SeamFile&>(like).inner_); });

@@ -17,7 +17,8 @@ namespace {
 
 // Whether opening alone changes the file.
 bool IsWritten(OpenMode mode) {
-  return mode == OpenMode::Create || mode == OpenMode::CreateNew || mode == OpenMode::Append;
+  return mode == OpenMode::Create || mode == OpenMode::CreateNew || mode == OpenMode::Append ||
+         mode == OpenMode::AppendOn;
 }
 
 std::string WithSlashes(std::u16string_view path) {
