@@ -56,8 +56,8 @@ void clsLogger::AppendLine(const TextBuffer& line) {
 
 void clsLogger::Write(std::string_view bytes) {
   std::unique_ptr<platform::File> file;
-  const FileStatus opened =
-      Uninterrupted([&] { return platform::files().Open(filename_, platform::OpenMode::Append, file); });
+  const auto mode = endIsUncertain_ ? platform::OpenMode::Append : platform::OpenMode::AppendOn;
+  const FileStatus opened = Uninterrupted([&] { return platform::files().Open(filename_, mode, file); });
   CheckFileStatus(opened, kSource, filename_);
   endIsUncertain_ = true;
   while (!bytes.empty()) {
