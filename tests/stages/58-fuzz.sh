@@ -1,0 +1,28 @@
+# Every fuzz target over its corpus and for half a minute more, two at once. VESTREL_SCALE=long: half an hour each, and
+# what was learned before is kept.
+source tests/stages/common.sh
+needs_packages clang-14 libclang-rt-14-dev llvm-14
+build linux-fuzz --target fuzz
+
+targets=$(ls fuzz/corpus)
+logs=build/fuzz/logs
+mkdir -p "$logs"
+if [ "${VESTREL_SCALE-}" = long ]; then
+  seconds=1800 seed=0
+else
+  seconds=30 seed=1
+  for target in $targets; do rm -rf "build/fuzz/$target"; done
+fi
+
+printf '%s\n' $targets | xargs -P 2 -I {} sh -c \
+  "fuzz/run {} $seconds -seed=$seed >$logs/{}.log 2>&1; echo \$? >$logs/{}.status"
+
+for target in $targets; do
+  runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$logs/$target.log")
+  if [ "$(cat "$logs/$target.status")" = 0 ]; then
+    passed "fuzz $target: $runs runs without a find"
+  else
+    grep -E -A 12 'FAULT|ERROR|runtime error|Test unit' "$logs/$target.log" || tail -20 "$logs/$target.log"
+    failed "fuzz $target: the input is in build/fuzz/finds"
+  fi
+done
