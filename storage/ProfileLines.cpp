@@ -1,33 +1,36 @@
 #include "storage/ProfileLines.h"
 
 #include <bit>
+#include <cstdint>
 #include <cstring>
-
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
 
 namespace vestrel::profile {
 namespace {
+
+constexpr std::uint64_t kEachByte = 0x0101010101010101U;
 
 char Fold(char c) noexcept {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+// The highest bit of each byte that is 0: right up to the first such byte from the low end.
+std::uint64_t ZeroBytes(std::uint64_t block) noexcept {
+  return (block - kEachByte) & ~block & (kEachByte << 7U);
+}
+
 // The first line end at or after `at`; the text's size when there is none. Most of the cost of a change is
-// here, so it looks at a block of bytes at a time where the processor can.
+// here, so it looks at eight bytes at a time where the first byte is the low end.
 std::size_t FindLineEnd(std::string_view text, std::size_t at) noexcept {
-#ifdef __SSE2__
-  constexpr std::size_t kBlock = 16;
-  for (; at + kBlock <= text.size(); at += kBlock) {
-    __m128i bytes;
-    std::memcpy(&bytes, text.data() + at, kBlock);
-    const __m128i ends =
-        _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\r')), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n')));
-    const auto found = static_cast<unsigned>(_mm_movemask_epi8(ends));
-    if (found != 0) return at + static_cast<unsigned>(std::countr_zero(found));
+  if constexpr (std::endian::native == std::endian::little) {
+    constexpr std::size_t kBlock = sizeof(std::uint64_t);
+    for (; at + kBlock <= text.size(); at += kBlock) {
+      std::uint64_t block = 0;
+      std::memcpy(&block, text.data() + at, kBlock);
+      const std::uint64_t ends =
+          ZeroBytes(block ^ ('\r' * kEachByte)) | ZeroBytes(block ^ ('\n' * kEachByte));
+      if (ends != 0) return at + static_cast<unsigned>(std::countr_zero(ends)) / 8;
+    }
   }
-#endif
   while (at < text.size() && !IsLineEnd(text[at])) ++at;
   return at;
 }

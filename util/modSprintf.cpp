@@ -8,10 +8,6 @@
 #include <cstdint>
 #include <cstring>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 #include "core/Cast.h"
 #include "core/Checked.h"
 #include "core/Convert.h"
@@ -53,22 +49,28 @@ bool IsMark(char16_t unit) noexcept {
   return unit == u'\\' || unit == u'%';
 }
 
+// The highest bit of each of four units that is 0: right up to the first such unit from the low end.
+std::uint64_t ZeroUnits(std::uint64_t block) noexcept {
+  constexpr std::uint64_t kEachUnit = 0x0001000100010001U;
+  return (block - kEachUnit) & ~block & (kEachUnit << 15U);
+}
+
 // Copies up to `left` units, to the first that means something; the result is how many are before that. Those
 // behind it may have been copied as well.
 std::size_t CopyUntilMark(char16_t* to, const char16_t* from, std::size_t left) noexcept {
   std::size_t count = 0;
-#ifdef __SSE2__
-  constexpr std::size_t kBlock = 8;
-  for (; count + kBlock <= left; count += kBlock) {
-    __m128i units;
-    std::memcpy(&units, from + count, sizeof units);
-    std::memcpy(to + count, &units, sizeof units);
-    const __m128i marks = _mm_or_si128(_mm_cmpeq_epi16(units, _mm_set1_epi16(u'\\')),
-                                       _mm_cmpeq_epi16(units, _mm_set1_epi16(u'%')));
-    const auto bits = static_cast<unsigned>(_mm_movemask_epi8(marks));
-    if (bits != 0) return count + static_cast<unsigned>(std::countr_zero(bits)) / sizeof(char16_t);
+  if constexpr (std::endian::native == std::endian::little) {
+    constexpr std::uint64_t kBackslashes = 0x005C005C005C005CU;
+    constexpr std::uint64_t kPercentSigns = 0x0025002500250025U;
+    constexpr std::size_t kBlock = sizeof(std::uint64_t) / sizeof(char16_t);
+    for (; count + kBlock <= left; count += kBlock) {
+      std::uint64_t units = 0;
+      std::memcpy(&units, from + count, sizeof units);
+      std::memcpy(to + count, &units, sizeof units);
+      const std::uint64_t marks = ZeroUnits(units ^ kBackslashes) | ZeroUnits(units ^ kPercentSigns);
+      if (marks != 0) return count + static_cast<unsigned>(std::countr_zero(marks)) / 16;
+    }
   }
-#endif
   for (; count < left && !IsMark(from[count]); ++count) to[count] = from[count];
   return count;
 }
