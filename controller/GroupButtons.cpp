@@ -113,6 +113,10 @@ Ref<clsButton> HeirOf(const clsObjectList& list, clsButton& removed, std::int32_
   return nullptr;
 }
 
+bool IsListedAsPlaying(const clsButtonGroup& group, clsButton& button) {
+  return group.nowPlayingList && group.nowPlayingList->FindObject(&button) >= 0;
+}
+
 void RebuildNowPlaying(clsButtonGroup& group) {
   FillNowPlaying(group, ButtonsOf(group)->Snapshot(), 0);
 }

@@ -56,6 +56,7 @@ ButtonPresence PresenceAt(const clsObjectList& buttons, std::int32_t buttonIndex
 // position `fromIndex`; none when there is none. While the list is being cleared, the items before are gone.
 Ref<clsButton> HeirOf(const clsObjectList& list, clsButton& removed, std::int32_t fromIndex);
 
+bool IsListedAsPlaying(const clsButtonGroup& group, clsButton& button);
 // Lists anew, in the list's order, the group's buttons that are on. The one place where that list is filled.
 void RebuildNowPlaying(clsButtonGroup& group);
 // The same for a group whose `list` has just reported `removed` as above.

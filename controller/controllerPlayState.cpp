@@ -158,7 +158,10 @@ void clsButtonGroupController::ItemRemoved(clsObjectList* list, Object* item, st
   if (removed.isHighlighted || group.highlightedButton == &removed) {
     HandHighlightOn(group, Given(list), removed, fromIndex);
   }
-  if (removed.playState() == PlayState_On) RebuildNowPlayingWithout(group, Given(list), removed, fromIndex);
+  // One that has just gone off is listed until the form has been told.
+  if (removed.playState() == PlayState_On || IsListedAsPlaying(group, removed)) {
+    RebuildNowPlayingWithout(group, Given(list), removed, fromIndex);
+  }
 }
 
 }  // namespace vestrel

@@ -106,6 +106,21 @@ TEST_F(controllerPlayStateTest, TheNowPlayingListIsInIndexOrder) {
   EXPECT_EQ(Group(2)->nowPlayingList, list);
 }
 
+TEST_F(controllerPlayStateTest, AButtonThatIsMovedWhileTheFormHearsThatItIsOffIsNoLongerListed) {
+  const Ref<clsButton> intro = Assign(2, 1, u"Intro");
+  TurnOn(*intro);
+  Pick(*intro);
+  transcript.onCall = [this](const std::string& call) {
+    if (!call.starts_with("ButtonStateChanged")) return;
+    transcript.onCall = nullptr;
+    Click(41);
+  };
+  controller->setModeMove();
+  EXPECT_EQ(Buttons(3), "Intro@3/1");
+  EXPECT_EQ(Playing(2), "");
+  EXPECT_EQ(Playing(3), "");
+}
+
 TEST_F(controllerPlayStateTest, TopAndBumpButtonsAreNotListed) {
   TurnOn(*Assign(0, 1, u"Top"));
   TurnOn(*Assign(9, 1, u"Bump"));
