@@ -36,9 +36,10 @@ void ProfilePlan::Make(std::span<const ProfileEdit> run) {
   for (const ProfileEdit& edit : run) Add(GroupOf(profile::TrimSpaces(edit.section)), edit);
   std::vector<std::pair<Group*, Line>> present;
   for (Group& group : groups_) present.emplace_back(&group, profile::FindSection(text_, group.section));
-  if (present.size() > 1)
+  if (present.size() > 1) {
     std::stable_sort(present.begin(), present.end(),
                      [](const auto& a, const auto& b) { return a.second.begin < b.second.begin; });
+  }
   for (auto& [group, header] : present) {
     if (header.begin < text_.size()) {
       EditSection(*group, header);

@@ -116,10 +116,9 @@ int Ask(int descriptor, const char* name, FileInfo& info) {
       statx(descriptor, name, AT_EMPTY_PATH, STATX_TYPE | STATX_MODE | STATX_INO | STATX_SIZE, &data);
   // Some sandboxes lack the call.
   if (result != 0 && (errno == ENOSYS || errno == EPERM)) return AskForAll(descriptor, name, info);
-  if (result == 0)
-    info =
-        InfoOf(data.stx_size, data.stx_ino, makedev(data.stx_dev_major, data.stx_dev_minor), data.stx_mode);
-  return result;
+  if (result != 0) return result;
+  info = InfoOf(data.stx_size, data.stx_ino, makedev(data.stx_dev_major, data.stx_dev_minor), data.stx_mode);
+  return 0;
 }
 #else
 int Ask(int descriptor, const char* name, FileInfo& info) {
