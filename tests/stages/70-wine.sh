@@ -5,7 +5,7 @@ needs_packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-too
 
 # A million calls chosen at random when asked for, otherwise 50,000; and how many operations are compared with the
 # system's own and how many processes are ended while they save.
-rounds=200 compared=5000 kills=100
+rounds=200 compared=5000 kills=20
 if [ "${VESTREL_SCALE-}" = long ]; then rounds=4000 compared=100000 kills=2000; fi
 
 hosts=tests/component/host
@@ -116,7 +116,7 @@ natively() {
   host "settings files through the system and through the library" $((60 + compared / 100)) "$built/tests/Oracle.exe" \
     $compared
   host "a settings file that another program holds" 60 "$built/tests/HeldFile.exe"
-  host "$kills processes ended while they save" $((60 + kills * 5)) "$built/tests/Killed.exe" $kills
+  host "$kills processes ended while they save" $((120 + kills * 20)) "$built/tests/Killed.exe" $kills
 }
 
 with_width() {
