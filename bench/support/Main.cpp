@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "bench/support/Bench.h"
+#include "bench/support/Figures.h"
 
 namespace vestrel::bench {
 namespace {
@@ -90,18 +91,6 @@ class Collector : public benchmark::BenchmarkReporter {
     }
   }
 };
-
-std::string Number(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.3g", value);
-  return text;
-}
-
-std::string Time(double nanoseconds) {
-  if (nanoseconds < 999.5) return Number(nanoseconds) + " ns";
-  if (nanoseconds < 999.5e3) return Number(nanoseconds / 1e3) + " us";
-  return Number(nanoseconds / 1e6) + " ms";
-}
 
 // figure | ours | peer | floor | ratio | target | result
 using Row = std::vector<std::string>;

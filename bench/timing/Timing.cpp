@@ -7,6 +7,8 @@
 #include <numeric>
 #include <random>
 
+#include "bench/support/Figures.h"
+
 namespace vestrel::bench {
 namespace {
 
@@ -45,18 +47,6 @@ class Contender {
   std::int64_t times_ = 1;
   std::vector<double> samples_;
 };
-
-std::string Number(double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.3g", value);
-  return text;
-}
-
-std::string Time(double nanoseconds) {
-  if (nanoseconds < 999.5) return Number(nanoseconds) + " ns";
-  if (nanoseconds < 999.5e3) return Number(nanoseconds / 1e3) + " us";
-  return Number(nanoseconds / 1e6) + " ms";
-}
 
 }  // namespace
 
