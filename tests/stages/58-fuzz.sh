@@ -1,5 +1,6 @@
-# Every fuzz target over its corpus, two at once: the same inputs each time, so that what fails was broken by a change.
-# VESTREL_SCALE=long looks for new ones, half an hour each, and keeps what was learned before.
+# Every fuzz target over its corpus and then half a minute of new inputs, two targets at once. The new ones come of one
+# seed, so that what fails is likely to have been broken by a change. VESTREL_SCALE=long gives each target half an hour and
+# another seed each time, and keeps what was learned before.
 source tests/stages/common.sh
 needs_packages clang-14 libclang-rt-14-dev llvm-14
 build linux-fuzz --target fuzz
@@ -10,7 +11,7 @@ mkdir -p "$logs"
 if [ "${VESTREL_SCALE-}" = long ]; then
   seconds=1800 more=-seed=0
 else
-  seconds=600 more=-runs=0
+  seconds=30 more=-seed=1
   for target in $targets; do rm -rf "build/fuzz/$target"; done
 fi
 
