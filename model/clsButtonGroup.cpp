@@ -3,14 +3,17 @@
 namespace vestrel {
 
 void clsButtonGroup::Init(std::int32_t groupIndex, IPageController* controller) {
+  const auto newButtons = MakeRef<clsObjectList>();
+  newButtons->SetEventHandler(controller, this);
+  const auto newFader = MakeRef<clsFaderCatch>();
+  newFader->Init();
+  const auto newPlaying = MakeRef<clsObjectList>();
   groupIndex_ = groupIndex;
   highlightedButton = nullptr;
   pageOffset = 0;
-  buttons = MakeRef<clsObjectList>();
-  buttons->SetEventHandler(controller, this);
-  fader_ = MakeRef<clsFaderCatch>();
-  fader_->Init();
-  nowPlayingList = MakeRef<clsObjectList>();
+  buttons = newButtons;
+  fader_ = newFader;
+  nowPlayingList = newPlaying;
 }
 
 }  // namespace vestrel

@@ -33,7 +33,8 @@ class clsButtonGroup : public Object {
   std::int32_t groupIndex() const noexcept { return groupIndex_; }
 
   // New empty lists and fader for the group groupIndex (0 to 9, not checked); `controller` (held weakly, may
-  // be none) hears of every button that comes or goes through ItemAdded and ItemRemoved.
+  // be none) hears of every button that comes or goes through ItemAdded and ItemRemoved. Where memory runs
+  // out the group stays as it was.
   void Init(std::int32_t groupIndex, IPageController* controller);
 
  private:

@@ -2,6 +2,7 @@
 
 #include "core/Cast.h"
 #include "core/Convert.h"
+#include "core/LetterCase.h"
 #include "core/modObjectList.h"
 #include "model/IndexList.h"
 #include "platform/Platform.h"
@@ -104,11 +105,11 @@ void clsPage::loadFromINI() {
   if (!persist_) return;
   RequireFile(u"clsButtonGroupController.readFromINI");
   const Ref<clsPage> self(this);
-  // For its reads alone: the file is read once. What cannot be read is not taken for an empty page, which the
-  // next save would put in its place.
-  IniBatch batch(File().filename(), Sync::No);
-  batch.RequireReadable();
   try {
+    // For its reads alone: the file is read once. What cannot be read is not taken for an empty page, which
+    // the next save would put in its place.
+    IniBatch batch(File().filename(), Sync::No);
+    batch.RequireReadable();
     for (std::int32_t g = 0; g < kGroups; ++g) LoadGroup(g);
   } catch (...) {
     isIncomplete_ = true;
@@ -175,7 +176,11 @@ clsIniFile& clsPage::File() const {
 }
 
 void clsPage::BindFile() {
-  File().UseFile(modUtils::PageSettingsPath(appPath_, showName_, pageName_));
+  const std::u16string path = modUtils::PageSettingsPath(appPath_, showName_, pageName_);
+  const bool isAnotherFile = !EqualIgnoringLetterCase(File().filename(), path);
+  File().UseFile(path);
+  // What the page lacks is in the file of before, which a name of another letter case may share.
+  if (isAnotherFile) isIncomplete_ = false;
 }
 
 void clsPage::MakeFolder(std::u16string_view pageName) const {

@@ -35,8 +35,8 @@ class clsPage : public virtual IComparable {
   // Group 0 to 9; raises 9 otherwise. None before Init.
   Ref<clsButtonGroup> ButtonGroups(std::int32_t which) const;
 
-  // Binds the page file of showName and pageName under appPath and makes ten empty groups. With persist false
-  // saveToINI and loadFromINI do nothing.
+  // Binds the page file of showName and pageName under appPath and makes ten empty groups, which the next
+  // save puts in the place of what the file holds. With persist false saveToINI and loadFromINI do nothing.
   void Init(std::u16string_view appPath, IPageController* controller, std::u16string_view showName,
             std::u16string_view pageName, bool persist = true);
   // Writes one button and the index list of its group, in one commit that does not wait for the disk,
@@ -51,9 +51,10 @@ class clsPage : public virtual IComparable {
   // Empties and reads all groups in order and builds their buttons; what the file lacks has its first value.
   // Nothing when persist is false. Calls the controller's ItemRemoved for each old button, and for each new
   // one DeferPlaystateFor (unless its line is malformed) and ItemAdded. Raises 999 when no file is bound, 57,
-  // 70 or 75 when the file is there but cannot be read (nothing is changed then), 13 for a number that is
-  // none; groups read until then stay. A page that was not read to its end, by whatever error, is not written
-  // by the saves until it is, so that its file keeps what the page lacks; each such save logs a WARNING.
+  // 70 or 75 when the file is there but cannot be read (the groups are left as they are then), 13 for a
+  // number that is none; groups read until then stay. A page that was not read, or not to its end, by
+  // whatever error, is not written by the saves until it is, so that its file keeps what the page lacks; each
+  // such save logs a WARNING. Init and a Rename to another file end that.
   void loadFromINI();
   // Resumes the pick-up of the faders from the host's positions (the controller's GetUIFaderValues) and hands
   // every model value to its UpdateFaderModelValue, group faders first. Nothing without a controller, since

@@ -356,6 +356,16 @@ TEST_F(controllerLayoutTest, OnAPageThatIsNotReadAReplacedListIsWrittenAndGone) 
   EXPECT_EQ(transcript.Take()[0], "GetUIFaderValues()");
 }
 
+TEST_F(controllerLayoutTest, AReplacedListOfAPageThatCannotBeReadIsNotWrittenOverItsFile) {
+  Assign(2, 1, u"Old");
+  const std::string before = PageBytes();
+  files.FailEvery("ReadAt", platform::FileStatus::Busy);
+  EXPECT_RAISES(70, controller->setButtonGroupButtonList(2, ListOf(2, {1, 3}).get()));
+  files.FailNothing();
+  controller->formShutdown();
+  EXPECT_EQ(PageBytes(), before);
+}
+
 TEST_F(controllerLayoutTest, AListThatCannotBeAGroupsIsRefused) {
   Fill({1});
   const auto list = MakeRef<clsObjectList>();

@@ -161,5 +161,33 @@ TEST_F(AllocationTest, FailingLeavesFilesWholeAndTheShowUsable) {
   EXPECT_GT(runs, 300);
 }
 
+// The page is read anew from its file after a save that may not have been made.
+TEST_F(AllocationTest, AReplacedButtonListLeavesTheOldOrTheNewOneOnDisk) {
+  const std::u16string_view file = u"C:\\app\\Sequences\\Gala\\Act 1\\pageSetting.ini";
+  bool isReached = true;
+  for (int at = 1; isReached; ++at) {
+    World world(false);
+    world.MakeScene();
+    clsButtonGroupController& controller = *world.scene->controller;
+    const auto button = MakeRef<clsButton>();
+    button->InitWithValues(world.scene->page.get(), 2, 3, u"New", ButtonType_Auto, &controller);
+    const auto list = MakeRef<clsObjectList>();
+    list->AddItem(button.get());
+    Allocations::Begin(at, false);
+    try {
+      controller.setButtonGroupButtonList(2, list.get());
+    } catch (const std::bad_alloc&) {
+      // What is left then is looked at below.
+    }
+    isReached = Allocations::Count() >= at;
+    Allocations::End();
+    controller.formShutdown();
+    const std::string bytes = world.memory.Get(file);
+    const bool isOld = bytes.find("\r\nusedIndices=1|2|5|6\r\n") != std::string::npos;
+    const bool isNew = bytes.find("\r\nusedIndices=3\r\n") != std::string::npos;
+    EXPECT_TRUE(isOld != isNew) << "allocation " << at;
+  }
+}
+
 }  // namespace
 }  // namespace vestrel::test

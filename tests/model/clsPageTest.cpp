@@ -85,12 +85,63 @@ TEST_F(clsPageTest, AFileThatCannotBeReadIsNotTakenForAnEmptyPage) {
   Add(2, 1, u"Intro");
   page->saveToINI();
   const std::string before = Bytes();
+  const auto fresh = NewPage();
+  files.FailEvery("ReadAt", platform::FileStatus::IoError);
+  EXPECT_EQ(NumberOf([&] { fresh->loadFromINI(); }), Error_DeviceIO);
+  files.FailNothing();
+  fresh->saveToINI();
+  EXPECT_EQ(Bytes(), before);
+  fresh->loadFromINI();
+  fresh->ButtonGroups(2)->pageOffset = 3;
+  fresh->saveToINI();
+  EXPECT_THAT(Bytes(), HasSubstr("[ButtonGroup2]\r\npageOffset=3\r\nfaderValue=0\r\nusedIndices=1\r\n"));
+}
+
+TEST_F(clsPageTest, AFileThatCannotBeReadLeavesTheGroupsAsTheyAre) {
+  Add(2, 1, u"Intro");
+  page->saveToINI();
   files.FailEvery("ReadAt", platform::FileStatus::IoError);
   EXPECT_EQ(NumberOf([&] { page->loadFromINI(); }), Error_DeviceIO);
-  files.FailNothing();
   EXPECT_EQ(page->ButtonGroups(2)->buttons->Size(), 1);
+}
+
+// A page whose file holds a number that is none, so that it was not read to its end.
+class clsPageIncompleteTest : public clsPageTest {
+ protected:
+  clsPageIncompleteTest() {
+    files.Put(kFile, spoiled);
+    EXPECT_EQ(NumberOf([&] { page->loadFromINI(); }), Error_TypeMismatch);
+  }
+
+  const std::string spoiled = "[ButtonGroup5]\r\npageOffset=much\r\n";
+};
+
+TEST_F(clsPageIncompleteTest, RenamedItIsWrittenToItsNewFileAndTheOldOneKeepsAll) {
+  Add(2, 1, u"Intro");
+  page->Rename(u"Act 2");
   page->saveToINI();
-  EXPECT_EQ(Bytes(), before);
+  EXPECT_THAT(files.Get(u"C:\\app\\Sequences\\Gala\\Act 2\\pageSetting.ini"),
+              HasSubstr("Button1_fields=Intro|1|0|0|0|0|False\r\n"));
+  EXPECT_EQ(Bytes(), spoiled);
+}
+
+TEST_F(clsPageIncompleteTest, RenamedInItsLetterCaseAloneItIsNotWritten) {
+  page->Rename(u"ACT 1");
+  page->saveToINI();
+  EXPECT_FALSE(files.Has(u"C:\\app\\Sequences\\Gala\\ACT 1\\pageSetting.ini"));
+}
+
+TEST_F(clsPageIncompleteTest, ThePrivateNameAndARenameBackAreStillItsFile) {
+  page->SetPageNamePrivate(u"Act 2");
+  page->Rename(u"Act 1");
+  page->saveToINI();
+  EXPECT_EQ(Bytes(), spoiled);
+}
+
+TEST_F(clsPageIncompleteTest, InitMakesAPageThatIsWritten) {
+  page->Init(u"C:\\app", controller.get(), u"Gala", u"Act 1");
+  page->saveToINI(5);
+  EXPECT_EQ(Bytes(), "[ButtonGroup5]\r\npageOffset=0\r\nfaderValue=0\r\nusedIndices=\r\n");
 }
 
 TEST_F(clsPageTest, TestWritableLeavesATestKey) {
