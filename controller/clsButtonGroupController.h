@@ -79,13 +79,14 @@ class clsButtonGroupController : public virtual IPageController {
   // Sets up the show that is on disk (none there: an empty one) and makes its first page current, with the
   // callbacks of RefocusCurrentPage. No writability test. Ends the edit mode and forgets what CreateNewShow
   // forgets. Raises 13 for a page file whose numbers cannot be read, and 57, 70 or 75 for a show or page file
-  // that is there but cannot be read; the show is then set up as far as it was read, and its file is never
-  // written.
+  // that is there but cannot be read; the show is then set up as far as it was read, its file is never
+  // written, and SetPage reads the pages that were not reached.
   void LoadShow(std::u16string_view showName);
   // Adds a page (empty, and written at once) or selects the one of that name, matched exactly; one that is
   // new becomes current only when it is the first. A page that becomes current reports its faders as
   // RefocusCurrentPage does. An unwritable file of the current page is logged and shown as in CreateNewShow.
-  // With no show set: a severe log line and a message box.
+  // After a LoadShow that raised, a page whose file is there is read, not emptied; raises as LoadShow where
+  // it cannot be. With no show set: a severe log line and a message box.
   void AddPage(std::u16string_view pageName);
   // The same as AddPage, the words in the log aside: a page that is not there is made.
   void SetPage(std::u16string_view pageName);

@@ -127,10 +127,10 @@ void clsPageManager::MakeFolders(std::u16string_view pageName) const {
 
 void clsPageManager::setShow(std::u16string_view pShowName, bool create) {
   const Ref<clsPageManager> alive(this);
+  clsIniFile& file = Given(showFile_);
   showName_ = pShowName;
   MakeFolders({});
   const std::u16string path = modUtils::ShowSettingsPath(appPath_, showName_);
-  clsIniFile& file = Given(showFile_);
   modLog::LogFormat(LogLevel_3_INFO, u"clsPageManager.setShow(): using INI path [%s]", path);
   const std::u16string_view message = create ? u"clsPageManager.setShow(): creating new show [%s]"
                                              : u"clsPageManager.setShow(): loading existing show [%s]";
@@ -228,11 +228,17 @@ void clsPageManager::SetPage(std::u16string_view pageName, bool /*create*/) {
 
 void clsPageManager::AddNewPage(const std::u16string& pageName) {
   MakeFolders(pageName);
-  const Ref<clsPage> page = CreatePage(pageName, true);
+  const Ref<clsPage> page = CreatePage(pageName, !MayBeOfTheShow(pageName));
   // Writing the page let the host in, which may have added it.
   if (PositionByKey(pageName) < 0) Pages().AddItem(page.get());
   if (Pages().Size() == 1) SetCurrentPage(PageAt(0), true);
   saveToINI(true);
+}
+
+// While the show's list is not known a page that is on the disk may be one of it.
+bool clsPageManager::MayBeOfTheShow(std::u16string_view pageName) const {
+  return Given(showFile_).filename().empty() &&
+         modUtils::FileExists(modUtils::PageSettingsPath(appPath_, showName_, pageName));
 }
 
 void clsPageManager::DeletePage(std::u16string_view pageName, std::u16string_view /*defaultNewName*/) {

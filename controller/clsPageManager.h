@@ -58,7 +58,9 @@ class clsPageManager : public Object {
   void setShow(std::u16string_view pShowName, bool create = false);
   // Makes a page current; the one that is current already stays untouched. One that is not in the show is
   // made, written empty and added, whatever `create` says, and becomes current only when it is the first.
-  // With no show set: a severe log line and a message box.
+  // After a setShow that raised, one whose file is there is read instead of written, and raises what reading
+  // it raises, so that no page that setShow did not reach is lost. With no show set: a severe log line and a
+  // message box.
   void SetPage(std::u16string_view pageName, bool create = false);
   // Takes the page out of the list (its folder stays) and makes the first remaining one current, or the
   // placeholder. A page that is not there is logged. defaultNewName is not used.
@@ -83,6 +85,7 @@ class clsPageManager : public Object {
   void ReadPages();
   std::u16string ReadPageList() const;
   void AddNewPage(const std::u16string& pageName);
+  bool MayBeOfTheShow(std::u16string_view pageName) const;
   std::int32_t PositionOf(std::u16string_view pageName) const;
   std::int32_t PositionByKey(std::u16string_view pageName) const;
   Ref<clsPage> PageAt(std::int32_t position) const;

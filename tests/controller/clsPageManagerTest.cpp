@@ -49,7 +49,15 @@ TEST_F(clsPageManagerTest, WithoutInitAnswersNoPageAndRaises) {
   EXPECT_RAISES(91, fresh->GetPageNames());
   EXPECT_RAISES(91, fresh->saveToINI());
   EXPECT_RAISES(91, fresh->TestShowWritable());
+}
+
+TEST_F(clsPageManagerTest, WithoutInitAShowIsRefusedBeforeAnyFolderIsMade) {
+  const auto fresh = MakeRef<clsPageManager>();
+  files.ForgetCalls();
   EXPECT_RAISES(91, fresh->setShow(u"Gala", true));
+  EXPECT_RAISES(91, fresh->setShow(u"Gala"));
+  EXPECT_EQ(files.Calls("MakeDirectory"), 0);
+  EXPECT_EQ(fresh->showName(), u"");
 }
 
 TEST_F(clsPageManagerTest, ANewShowHasAFolderAndAnEmptyPageList) {
@@ -235,6 +243,62 @@ TEST_F(clsPageManagerTest, AFailedLoadLeavesTheShowFileUnboundAndAsItWas) {
   manager->saveToINI(true);
   EXPECT_THAT(TakeLog(), ElementsAre("[Info] saveToINI: must set INI location in clsPageManager"));
   EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 1|Act 2\r\n");
+}
+
+// The show "Gala" of three pages, each with one button, whose second page cannot be read.
+class clsPageManagerHalfLoadedTest : public clsPageManagerTest {
+ protected:
+  clsPageManagerHalfLoadedTest() {
+    files.Put(kShowFile, "[PageManager]\r\nPageList=Act 1|Act 2|Act 3\r\n");
+    for (const auto* name : {u"Act 1", u"Act 3"}) files.Put(PageFile(name), kButton);
+    files.Put(PageFile(u"Act 2"), spoiled);
+    EXPECT_RAISES(13, Reload());
+    Forget();
+  }
+  std::string Bytes() const {
+    return files.Get(kShowFile) + files.Get(PageFile(u"Act 1")) + files.Get(PageFile(u"Act 2")) +
+           files.Get(PageFile(u"Act 3"));
+  }
+
+  static constexpr std::string_view kButton =
+      "[ButtonGroup2]\r\nusedIndices=1\r\nButton1_fields=Intro|1|0|0|0|0|False\r\n";
+  const std::string spoiled = "[ButtonGroup3]\r\npageOffset=much\r\n";
+};
+
+TEST_F(clsPageManagerHalfLoadedTest, APageThatWasNotReachedIsReadAndNotEmptied) {
+  const std::string before = Bytes();
+  manager->SetPage(u"Act 3");
+  manager->SetPage(u"Act 3");
+  EXPECT_EQ(manager->CurrentPageName(), u"Act 3");
+  EXPECT_EQ(Text(*manager->CurrentPage()->ButtonGroups(2)->buttons), "Intro@2/1");
+  EXPECT_EQ(Names(manager->GetPageNames()), "Act 1|Act 3");
+  EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(clsPageManagerHalfLoadedTest, APageThatStillCannotBeReadRaisesAndNothingIsWritten) {
+  const std::string before = Bytes();
+  EXPECT_RAISES(13, manager->SetPage(u"Act 2", true));
+  EXPECT_EQ(Names(manager->GetPageNames()), "Act 1");
+  EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(clsPageManagerHalfLoadedTest, APageThatIsNowhereIsMade) {
+  manager->SetPage(u"Act 4");
+  EXPECT_THAT(files.Get(PageFile(u"Act 4")), HasSubstr("[ButtonGroup9]\r\npageOffset=0\r\nusedIndices=\r\n"));
+  EXPECT_EQ(Names(manager->GetPageNames()), "Act 1|Act 4");
+}
+
+TEST_F(clsPageManagerTest, APageIsReadWhereTheShowFileItselfCouldNotBe) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  const std::string before = files.Get(PageFile(u"Act 1"));
+  manager->Init(kApp, controller.get());
+  files.FailEvery("ReadAt", platform::FileStatus::IoError);
+  EXPECT_RAISES(Error_DeviceIO, manager->setShow(u"Gala"));
+  EXPECT_RAISES(Error_DeviceIO, manager->SetPage(u"Act 1"));
+  files.FailNothing();
+  EXPECT_EQ(Names(manager->GetPageNames()), "");
+  EXPECT_EQ(files.Get(PageFile(u"Act 1")), before);
 }
 
 TEST_F(clsPageManagerTest, AHostThatFailsWhenTheFirstPageGainsFocusUnbindsNothing) {
