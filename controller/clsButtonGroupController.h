@@ -69,7 +69,8 @@ class clsButtonGroupController : public virtual IPageController {
   // the commands below end with it.
   void formGotFocus();
   // Saves the show with all its pages, then switches every button of the page off as the user (mouse button
-  // 0), each with the callbacks of PlayStateChanged. The controller stays usable.
+  // 0), each with the callbacks of PlayStateChanged. Once a callback shows another page or sets up another
+  // show the rest go off unsaved. The controller stays usable.
   void formShutdown();
   // Sets up an empty show in place of the one before and writes its file. A file that cannot be written is
   // logged and shown (HideSplashScreen, then a message box) and the show is set up all the same. Ends the

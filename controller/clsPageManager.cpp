@@ -1,6 +1,7 @@
 #include "controller/clsPageManager.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "core/Cast.h"
@@ -116,6 +117,12 @@ Ref<clsPage> clsPageManager::CreatePage(std::u16string_view pageName, bool creat
     page->loadFromINI();
   }
   return page;
+}
+
+void clsPageManager::ShowPlaceholder() {
+  if (CurrentPageName() == kNullPage) return;
+  const Ref<clsPage> placeholder = Placeholder();
+  if (const Ref<clsPage> left = std::exchange(currentPage_, placeholder)) left->LostFocus();
 }
 
 // An empty page name stands for the show's own folder.

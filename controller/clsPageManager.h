@@ -62,6 +62,8 @@ class clsPageManager : public Object {
   // it raises, so that no page that setShow did not reach is lost. With no show set: a severe log line and a
   // message box.
   void SetPage(std::u16string_view pageName, bool create = false);
+  // Makes the placeholder page current again, without callbacks; where it is, nothing.
+  void ShowPlaceholder();
   // Takes the page out of the list (its folder stays) and makes the first remaining one current, or the
   // placeholder. A page that is not there is logged. defaultNewName is not used.
   void DeletePage(std::u16string_view pageName, std::u16string_view defaultNewName);

@@ -180,6 +180,7 @@ void clsButtonGroupController::AssignMarkFade(MarkFadeTypeEnum mfType) {
 void clsButtonGroupController::RenameButton() {
   const Ref<clsButtonGroupController> alive(this);
   const Ref<clsButton> button = EditButton();
+  const Ref<clsPage> page = CurrentPage();
   const bool wasOn = button->playState() == PlayState_On;
   Switch(*button, PlayState_Off);
   const std::int32_t control =
@@ -190,7 +191,8 @@ void clsButtonGroupController::RenameButton() {
     CurrentPage()->saveToINI(button->groupIndex, true);
     Form()->RefreshPage(IFSSRefresh_Control, button->groupIndex, button.get());
   }
-  if (wasOn) Switch(*button, PlayState_On);
+  // Unsaved where a callback showed another page, in whose file the button has no place.
+  if (wasOn) Switch(*button, PlayState_On, CurrentPage() != page);
   EndEditMode();
 }
 

@@ -32,8 +32,16 @@ bool HasPage(const clsPageManager& manager, std::u16string_view pageName) {
   return manager.PageList()->FindFieldValue(u"pageName", pageName) >= 0;
 }
 
-void SwitchOff(clsButton& button) {
-  button.setPlayState(PlayState_Off, PSEventSource_User, 0, 0, 0, 0, false, false);
+// A page that a callback deleted is not made again, nor is the placeholder made a page of a show that has
+// others, as one that was loaded half way has.
+void ShowAgain(clsPageManager& manager, std::u16string_view pageName) {
+  const bool hasShow = manager.showName() != clsPageManager::kNullShow;
+  if (HasPage(manager, pageName) || !hasShow) return manager.SetPage(pageName, false);
+  if (pageName == clsPageManager::kNullPage) manager.ShowPlaceholder();
+}
+
+void SwitchOff(clsButton& button, bool suppressSave) {
+  button.setPlayState(PlayState_Off, PSEventSource_User, 0, 0, 0, 0, false, suppressSave);
 }
 
 }  // namespace
@@ -181,9 +189,11 @@ void clsButtonGroupController::formShutdown() {
   modLog::Log(u"saving show...");
   Manager()->saveToINI();
   modLog::Log(u"show saved");
-  // After the save on purpose: each button that goes off is saved again by itself.
+  // After the save on purpose: each button that goes off is saved again by itself, unless a callback showed
+  // another page, in whose file it has no place.
+  const Ref<clsPage> page = CurrentPage();
   const Ref<clsObjectList> buttons = getButtons();
-  for (Object* item : buttons->Snapshot()) SwitchOff(Cast<clsButton>(item));
+  for (Object* item : buttons->Snapshot()) SwitchOff(Cast<clsButton>(item), CurrentPage() != page);
 }
 
 void clsButtonGroupController::clearAll() {
@@ -195,8 +205,7 @@ void clsButtonGroupController::clearAll() {
   for (Object* item : names->Snapshot()) {
     if (!ClearPage(manager, Cast<clsString>(item).value())) return;
   }
-  // A page that a callback deleted is not made again.
-  if (shown == clsPageManager::kNullPage || HasPage(*manager, shown)) manager->SetPage(shown, false);
+  ShowAgain(*manager, shown);
   Form()->RefreshPage(IFSSRefresh_EntirePage, 0);
 }
 
@@ -206,6 +215,7 @@ bool clsButtonGroupController::ClearPage(const Ref<clsPageManager>& manager, std
   manager->SetPage(pageName, false);
   Form()->RefreshPage(IFSSRefresh_EntirePageNonGUI, 0);
   modLog::LogFormat(LogLevel_3_INFO, u"  - clearing page [%s]", pageName);
+  const Ref<clsPage> page = CurrentPage();
   const Ref<clsObjectList> buttons = getButtons();
   for (Object* item : buttons->Snapshot()) {
     if (pageManager_ != manager) return false;
@@ -213,7 +223,7 @@ bool clsButtonGroupController::ClearPage(const Ref<clsPageManager>& manager, std
     if (button.playState() != PlayState_On) continue;
     modLog::LogFormat(LogLevel_3_INFO, u"    - clearing button [%s]", button.name);
     Cast<clsFaderCatch>(button.Fader().get()).SetValue(0, true);
-    SwitchOff(button);
+    SwitchOff(button, manager->CurrentPage() != page);
   }
   return pageManager_ == manager;
 }

@@ -6,6 +6,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 using controllerShowEndsTest = ControllerFixture;
@@ -108,6 +109,80 @@ TEST_F(controllerShowEndsTest, ClearAllWithNoShowTellsTheOperatorAndRefreshes) {
   EXPECT_EQ(hostServices.boxes.size(), 1U);
   EXPECT_THAT(transcript.Take(), ElementsAre("RefreshPage(0, 0, -)"));
 }
+
+TEST_F(controllerShowEndsTest, ClearAllOfAShowLoadedHalfWayMakesNoPageAndLeavesTheDiskAlone) {
+  const std::u16string_view second = u"C:\\app\\Sequences\\Gala\\Act 2\\pageSetting.ini";
+  NewShow();
+  Assign(2, 1, u"Intro");
+  controller->AddPage(u"Act 2");
+  files.Put(second, "[ButtonGroup0]\r\npageOffset=much\r\n");
+  EXPECT_RAISES(13, controller->LoadShow(u"Gala"));
+  const std::vector<std::u16string> paths = files.Paths();
+  const std::string before = files.Get(kShowFile) + PageBytes() + files.Get(second);
+  Forget();
+  controller->clearAll();
+  EXPECT_EQ(transcript.Take().back(), "RefreshPage(0, 0, -)");
+  EXPECT_EQ(Names(controller->GetPageNames()), "Act 1");
+  EXPECT_EQ(controller->PageManager()->CurrentPageName(), u"$$null_page$$");
+  EXPECT_EQ(files.Paths(), paths);
+  EXPECT_EQ(files.Get(kShowFile) + PageBytes() + files.Get(second), before);
+  EXPECT_THAT(hostServices.boxes, IsEmpty());
+}
+
+// What a host may do while it hears that the first of two playing buttons went off.
+struct Diversion {
+  const char* name;
+  void (*run)(clsButtonGroupController& controller);
+  std::u16string_view file;
+};
+class controllerDivertedTest : public ControllerFixture, public testing::WithParamInterface<Diversion> {
+ protected:
+  static constexpr std::string_view kOther = "Button2_fields=Other|4|0|0|0|0|False";
+
+  controllerDivertedTest() {
+    NewShow();
+    controller->AddPage(u"Act 2");
+    TurnOn(*Assign(2, 1, u"Intro"));
+    chase = Assign(2, 2, u"Chase");
+    TurnOn(*chase);
+    transcript.onCall = [this](const std::string& call) {
+      if (!call.starts_with("ButtonStateChanged")) return;
+      transcript.onCall = nullptr;
+      GetParam().run(*controller);
+      controller->assignButton(2, 1, u"First", ButtonType_Auto);
+      controller->assignButton(2, 2, u"Other", ButtonType_Auto);
+    };
+  }
+  std::string OtherBytes() const { return files.Get(GetParam().file); }
+
+  Ref<clsButton> chase;
+};
+
+TEST_P(controllerDivertedTest, ShutdownSwitchesTheOtherOffWithoutWritingItIntoAnotherPage) {
+  controller->formShutdown();
+  EXPECT_EQ(chase->playState(), PlayState_Off);
+  EXPECT_EQ(transcript.Take("ButtonStateChanged").size(), 2U);
+  EXPECT_THAT(OtherBytes(), HasSubstr(kOther));
+}
+
+TEST_P(controllerDivertedTest, ClearAllWritesNoButtonIntoAnotherPage) {
+  controller->clearAll();
+  EXPECT_THAT(OtherBytes(), HasSubstr(kOther));
+}
+
+INSTANTIATE_TEST_SUITE_P(Hosts, controllerDivertedTest,
+                         testing::Values(Diversion{"AnotherShow",
+                                                   [](clsButtonGroupController& controller) {
+                                                     controller.CreateNewShow(u"Encore");
+                                                     controller.AddPage(u"Act 9");
+                                                   },
+                                                   u"C:\\app\\Sequences\\Encore\\Act 9\\pageSetting.ini"},
+                                         Diversion{"AnotherPage",
+                                                   [](clsButtonGroupController& controller) {
+                                                     controller.SetPage(u"Act 2");
+                                                   },
+                                                   u"C:\\app\\Sequences\\Gala\\Act 2\\pageSetting.ini"}),
+                         [](const auto& diversion) { return diversion.param.name; });
 
 TEST_F(controllerShowEndsTest, ShutdownSwitchesOffInGroupOrderAndLeavesLockedButtonsOn) {
   NewShow();
