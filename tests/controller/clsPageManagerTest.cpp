@@ -410,6 +410,19 @@ TEST_F(clsPageManagerTest, DeletingAMissingPageIsLoggedAndSavesNothing) {
   EXPECT_EQ(files.Get(kShowFile), "as it was");
 }
 
+TEST_F(clsPageManagerTest, APageOfAnotherLetterCaseIsNeitherDeletedNorRenamed) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  Forget();
+  manager->DeletePage(u"ACT 1", u"");
+  manager->RenamePage(u"act 1", u"Finale");
+  EXPECT_THAT(TakeLog(), ElementsAre("[Info] clsPageManager: could not find page [ACT 1] to delete",
+                                     "[Info] clsPageManager: could not find page [act 1] for rename",
+                                     HasSubstr("writing to INI")));
+  EXPECT_EQ(Names(manager->GetPageNames()), "Act 1");
+  EXPECT_EQ(files.Get(kShowFile), "[PageManager]\r\nPageList=Act 1\r\n");
+}
+
 TEST_F(clsPageManagerTest, RenamingMovesNothingAndTheNextSaveWritesTheNewFile) {
   NewShow();
   manager->SetPage(u"Act 1");

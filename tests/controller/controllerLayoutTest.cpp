@@ -176,6 +176,12 @@ TEST_F(controllerLayoutTest, ThePageSizeIsLoggedAndLaysNothingOut) {
   EXPECT_EQ(controller->getPageOffset(2), 3);
 }
 
+TEST_F(controllerLayoutTest, APageSizeBelowZeroShowsNoButtons) {
+  Fill({1, 2}, 1);
+  controller->setButtonGroupPageSize(-1);
+  EXPECT_EQ(controller->getVisibleGroupButtons(1)->Size(), 0);
+}
+
 TEST_F(controllerLayoutTest, GoingToAnIndexShowsItsRunUnbounded) {
   files.Put(kPageFile, "as it was");
   EXPECT_TRUE(controller->goToPageWithButtonIndex(2, 45));
@@ -285,6 +291,17 @@ TEST_F(controllerLayoutTest, ASearchForwardThatFailsLeavesNoHighlight) {
     EXPECT_THAT(transcript.Take(), testing::ElementsAre("RefreshPage(2, 0, One@2/1)"));
     Group(2)->Init(2, controller.get());
   }
+}
+
+TEST_F(controllerLayoutTest, ASearchBackwardThatFailsLeavesTheHighlightWhereItWas) {
+  const Ref<clsButton> one = Assign(2, 1, u"One");
+  const auto list = MakeRef<clsObjectList>();
+  list->AddItem(BoxString(u"no button").get());
+  Group(2)->buttons = list;
+  EXPECT_RAISES(0, controller->highlightButton(2, Highlight_Prev));
+  EXPECT_EQ(Group(2)->highlightedButton, one);
+  EXPECT_TRUE(one->isHighlighted);
+  EXPECT_THAT(transcript.Take(), testing::ElementsAre("RefreshPage(2, 0, One@2/1)"));
 }
 
 TEST_F(controllerLayoutTest, AHighlightMovedFromTheCallbackLeavesOneFlag) {

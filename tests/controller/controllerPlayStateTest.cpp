@@ -1,4 +1,7 @@
 // What follows when a button or a list of buttons reports a change.
+#include <algorithm>
+
+#include "recording/vxEventList.h"
 #include "tests/controller/ControllerFixture.h"
 
 namespace vestrel::test {
@@ -61,13 +64,44 @@ TEST_F(controllerPlayStateTest, GoingOffRefreshesTheControlBeforeTheLamps) {
                           "ButtonPlaystateChanged(Intro@2/1, 0, 2, 1, 3, 4)"));
 }
 
-TEST_F(controllerPlayStateTest, PlaybackTakesTheSameSteps) {
-  const Ref<clsButton> intro = Assign(2, 1, u"Intro");
-  intro->setPlayState(PlayState_On, PSEventSource_RecPlayback, 1, 0, 0, 0);
-  const Calls calls = transcript.Take();
-  EXPECT_EQ(calls.front(), "ButtonStateChanged(Intro@2/1, 1, 0, 0, 0)");
-  EXPECT_EQ(calls.back(), "ButtonPlaystateChanged(Intro@2/1, 2, 1, 0, 0, 0)");
+class controllerPlaybackTest : public controllerPlayStateTest,
+                               public testing::WithParamInterface<std::int32_t> {
+ protected:
+  // The calls of a button that the operator switches on and off again.
+  Calls Operated(clsButton& button) {
+    Set(button, PlayState_On);
+    Set(button, PlayState_Off);
+    return transcript.Take();
+  }
+  // The same two changes as events of a recording, played back.
+  Calls PlayedBack(clsButton& button) {
+    const auto recording = MakeRef<vxEventList>();
+    recording->Init(nullptr);
+    for (const auto& [time, type] : {std::pair{10, vxEvent_ButtonOn}, std::pair{20, vxEvent_ButtonOff}}) {
+      const auto event = MakeRef<vxEvent>();
+      event->Init(time, &button, type);
+      event->SetExtras(2, 1, 3, 4);
+      recording->events()->AddItem(event.get());
+    }
+    recording->UpdateTime(10);
+    recording->UpdateTime(20);
+    return transcript.Take();
+  }
+};
+
+TEST_P(controllerPlaybackTest, PlaybackMakesTheOperatorsCallsInTheirOrderAndTellsTheRecorderItsSource) {
+  const Ref<clsButton> button = Assign(GetParam(), 1, u"Intro");
+  const std::string name = Text(button);
+  Calls expected = Operated(*button);
+  const auto told =
+      std::count(expected.begin(), expected.end(), "ButtonPlaystateChanged(" + name + ", 0, 2, 1, 3, 4)");
+  EXPECT_EQ(told, 2);
+  std::replace(expected.begin(), expected.end(), "ButtonPlaystateChanged(" + name + ", 0, 2, 1, 3, 4)",
+               "ButtonPlaystateChanged(" + name + ", 2, 2, 1, 3, 4)");
+  EXPECT_EQ(PlayedBack(*button), expected);
 }
+
+INSTANTIATE_TEST_SUITE_P(Groups, controllerPlaybackTest, testing::Range(1, 10));
 
 TEST_F(controllerPlayStateTest, ASuppressedSaveLeavesTheFile) {
   const Ref<clsButton> intro = Assign(2, 1, u"Intro");
