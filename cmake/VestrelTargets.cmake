@@ -11,6 +11,7 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 option(VESTREL_TESTS "Build the tests" OFF)
 option(VESTREL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 option(VESTREL_FUZZ "Build the fuzz targets (clang only)" OFF)
+option(VESTREL_COVERAGE "Count what the tests reach (clang only)" OFF)
 option(VESTREL_BENCH "Build the benchmarks" OFF)
 
 find_program(VESTREL_CCACHE ccache)
@@ -37,6 +38,10 @@ if(VESTREL_SANITIZE)
 endif()
 if(VESTREL_FUZZ)
   target_compile_options(vestrel_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+if(VESTREL_COVERAGE)
+  target_compile_options(vestrel_options INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(vestrel_options INTERFACE -fprofile-instr-generate)
 endif()
 
 # Containers check their bounds wherever speed is not the point.
