@@ -7,18 +7,35 @@
 namespace vestrel::modLog {
 namespace {
 
-thread_local Ref<clsLogger> sharedLogger;
+// Keeps the shared logger alive, until the thread ends.
+struct Keeper {
+  Keeper() = default;
+  Keeper(const Keeper&) = delete;
+  Keeper& operator=(const Keeper&) = delete;
+  ~Keeper() { detail::shared = nullptr; }
+
+  Ref<clsLogger> logger;
+};
+
+thread_local Keeper keeper;
 
 clsLogger& Shared() {
-  if (!sharedLogger) RaiseError(Error_ObjectNotSet, u"modLog");
-  return *sharedLogger;
+  if (detail::shared == nullptr) detail::FailBeforeInit();
+  return *detail::shared;
 }
 
 }  // namespace
 
+constinit thread_local clsLogger* detail::shared = nullptr;
+
+void detail::FailBeforeInit() {
+  RaiseError(Error_ObjectNotSet, u"modLog");
+}
+
 void Init(std::u16string_view logFilename) {
-  sharedLogger = MakeRef<clsLogger>();
-  sharedLogger->Init(logFilename);
+  keeper.logger = MakeRef<clsLogger>();
+  detail::shared = keeper.logger.get();
+  detail::shared->Init(logFilename);
 }
 
 void SetLogLevel(LogLevel_Enum level) {
@@ -30,11 +47,7 @@ void Log(std::u16string_view text, LogLevel_Enum level) {
 }
 
 Ref<clsLogger> GetLogger() {
-  return sharedLogger;
-}
-
-bool Passes(LogLevel_Enum level) {
-  return Shared().Passes(level);
+  return {detail::shared};
 }
 
 void LogFormatted(LogLevel_Enum level, std::u16string_view format,

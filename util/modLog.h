@@ -23,17 +23,27 @@ void Log(std::u16string_view text, LogLevel_Enum level = LogLevel_3_INFO);
 // The shared logger, none before Init.
 Ref<clsLogger> GetLogger();
 
+namespace detail {
+// The logger that is shared, null before Init; here so that asking it takes no call.
+extern constinit thread_local clsLogger* shared;
+[[noreturn]] void FailBeforeInit();
+}  // namespace detail
+
 // Whether a line of this level would be written. Raises 91 before Init.
-bool Passes(LogLevel_Enum level);
+inline bool Passes(LogLevel_Enum level) {
+  if (detail::shared == nullptr) detail::FailBeforeInit();
+  return detail::shared->Passes(level);
+}
 
 // Formats and logs whatever the level; LogFormat below is what callers use.
 void LogFormatted(LogLevel_Enum level, std::u16string_view format,
                   std::span<const modSprintf::FormatArg> args);
 
-// Logs a text with placeholders, as modSprintf formats them; it is formatted only when its level passes.
-// Raises 91 before Init, and what clsLogger::Log raises.
-template <class... Args>
-void LogFormat(LogLevel_Enum level, std::u16string_view format, const Args&... args) {
+// Logs a text with placeholders, as modSprintf formats them; it is formatted, and `format` (whatever becomes
+// a view of UTF-16 text) measured, only when its level passes. Raises 91 before Init, and what clsLogger::Log
+// raises.
+template <class Format, class... Args>
+void LogFormat(LogLevel_Enum level, const Format& format, const Args&... args) {
   if (!Passes(level)) return;
   const std::array<modSprintf::FormatArg, sizeof...(Args)> list{modSprintf::FormatArg(args)...};
   LogFormatted(level, format, list);
