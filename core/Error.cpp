@@ -50,6 +50,10 @@ std::u16string_view RuntimeErrorText(std::int32_t number) noexcept {
   }
 }
 
+void RaiseError(std::int32_t number) {
+  RaiseError(number, u"Vestrel");
+}
+
 void RaiseError(std::int32_t number, std::u16string_view source, std::u16string_view detail) {
   std::u16string description(RuntimeErrorText(number));
   if (!detail.empty()) description.append(u": ").append(detail);

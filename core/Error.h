@@ -50,9 +50,10 @@ class Error : public std::exception {
 // "Application-defined or object-defined error".
 std::u16string_view RuntimeErrorText(std::int32_t number) noexcept;
 
-// Raises the run-time error `number` with its classic description. `source` names the operation. `detail`,
-// where given, follows the description after ": " (a file name, a line number).
-[[noreturn]] void RaiseError(std::int32_t number, std::u16string_view source = u"Vestrel",
+// Raises the run-time error `number` with its classic description. `source` names the operation, by default
+// the library. `detail`, where given, follows the description after ": " (a file name, a line number).
+[[noreturn]] void RaiseError(std::int32_t number);
+[[noreturn]] void RaiseError(std::int32_t number, std::u16string_view source,
                              std::u16string_view detail = {});
 
 }  // namespace vestrel

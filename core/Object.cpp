@@ -5,20 +5,16 @@
 namespace vestrel {
 namespace {
 
-thread_local long liveObjects = 0;
-
 // While an object is being destroyed its count stands here, so that references taken and dropped by its own
 // destructor cannot reach zero a second time.
 constexpr std::uint32_t kDying = 1U << 30U;
 
 }  // namespace
 
-Object::Object() noexcept {
-  ++liveObjects;
-}
+constinit thread_local long Object::liveObjects_ = 0;
 
 Object::~Object() {
-  --liveObjects;
+  --liveObjects_;
 }
 
 void* Object::Query(TypeKey /*key*/) noexcept {
@@ -27,10 +23,6 @@ void* Object::Query(TypeKey /*key*/) noexcept {
 
 WeakAnchor* Object::BackReferenceAnchor(bool /*create*/) {
   return nullptr;
-}
-
-long Object::LiveCount() noexcept {
-  return liveObjects;
 }
 
 void Object::Destroy() const noexcept {

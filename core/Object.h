@@ -44,14 +44,16 @@ class Object {
   virtual WeakAnchor* BackReferenceAnchor(bool create);
 
   // Objects of this thread that are alive now; tests and leak checks count with it.
-  static long LiveCount() noexcept;
+  static long LiveCount() noexcept { return liveObjects_; }
 
  protected:
-  Object() noexcept;
+  Object() noexcept { ++liveObjects_; }
   virtual ~Object();
 
  private:
   void Destroy() const noexcept;
+
+  static constinit thread_local long liveObjects_;
 
   // Starts at one, which Ref<T>::Adopt takes over, so that a constructor may hand out `this`.
   mutable std::uint32_t references_ = 1;

@@ -17,6 +17,38 @@ TEST(CastTest, AnswersTheSameObjectUnderItsClassAndItsInterfaces) {
   EXPECT_EQ(CastOrNone<clsLong>(object), box.get());
 }
 
+class Plain : public Object {
+ public:
+  VESTREL_OBJECT(Plain)
+};
+
+class Derived : public Plain {
+ public:
+  VESTREL_OBJECT(Derived, Plain)
+};
+
+// Stands for an object that it is not.
+class Adapter : public Object {
+ public:
+  explicit Adapter(Plain* adapted) : adapted_(adapted) {}
+  void* Query(TypeKey key) noexcept override { return key == KeyOf<Plain>() ? adapted_ : nullptr; }
+
+ private:
+  Plain* adapted_;
+};
+
+TEST(CastTest, AnObjectIsAlsoWhatItDerivesFromAndWhatItAnswersFor) {
+  const Ref<Plain> plain = MakeRef<Plain>();
+  const Ref<Derived> derived = MakeRef<Derived>();
+  const Ref<Adapter> adapter = MakeRef<Adapter>(plain.get());
+  EXPECT_EQ(&Cast<Plain>(plain.get()), plain.get());
+  EXPECT_EQ(&Cast<Plain>(derived.get()), derived.get());
+  EXPECT_EQ(&Cast<Derived>(derived.get()), derived.get());
+  EXPECT_EQ(&Cast<Plain>(adapter.get()), plain.get());
+  EXPECT_RAISES(13, Cast<Derived>(plain.get()));
+  EXPECT_RAISES(13, Cast<Derived>(adapter.get()));
+}
+
 TEST(CastTest, AnotherKindIsATypeMismatch) {
   const Ref<clsLong> box = BoxLong(3);
   EXPECT_RAISES(13, Cast<clsString>(box.get()));
