@@ -94,6 +94,8 @@ class BackRef {
 
   // The object for the length of a call, or none when it is gone.
   Ref<T> Lock() const noexcept { return Ref<T>(Alive()); }
+  // Whether none was ever given; one that is gone was.
+  bool IsUnset() const noexcept { return pointer_ == nullptr; }
   // Whether the object is still there.
   explicit operator bool() const noexcept { return Alive() != nullptr; }
 

@@ -35,42 +35,48 @@ ItemStorage::~ItemStorage() {
 ItemStorage::Block* ItemStorage::Allocate(std::int32_t capacity) {
   void* const memory = std::malloc(BytesFor(sizeof(Block), capacity));
   if (memory == nullptr) throw std::bad_alloc();
-  auto* const block = new (memory) Block{1, capacity};
-  std::fill_n(Slots(block), capacity, nullptr);
-  return block;
+  return new (memory) Block{1, capacity, 0};
 }
 
 void ItemStorage::Drop(Block* block) noexcept {
   if (block == nullptr || --block->holders != 0) return;
-  for (std::int32_t i = 0; i < block->capacity; ++i) {
+  for (std::int32_t i = 0; i < block->written; ++i) {
     if (Slots(block)[i] != nullptr) Slots(block)[i]->Release();
   }
   std::free(block);
 }
 
-Object** ItemStorage::MakeWritable(std::int32_t capacity) {
-  if (block_ == nullptr) {
-    block_ = Allocate(std::max(capacity, kFirstCapacity));
-  } else if (block_->holders == 1) {
-    Enlarge(capacity);
-  } else {
-    Unshare(std::max(capacity, block_->capacity));
+Object** ItemStorage::Writable(std::int32_t capacity, std::int32_t count) {
+  MakeWritable(capacity);
+  if (block_->written < count) {
+    std::fill(Slots(block_) + block_->written, Slots(block_) + count, nullptr);
+    block_->written = count;
   }
   return Slots(block_);
+}
+
+void ItemStorage::MakeWritable(std::int32_t capacity) {
+  if (block_ == nullptr) {
+    block_ = Allocate(std::max(capacity, kFirstCapacity));
+  } else if (block_->holders != 1) {
+    Unshare(std::max(capacity, block_->capacity));
+  } else if (block_->capacity < capacity) {
+    Enlarge(capacity);
+  }
 }
 
 void ItemStorage::Enlarge(std::int32_t capacity) {
   void* const memory = std::realloc(static_cast<void*>(block_), BytesFor(sizeof(Block), capacity));
   if (memory == nullptr) throw std::bad_alloc();
   block_ = static_cast<Block*>(memory);
-  std::fill(Slots(block_) + block_->capacity, Slots(block_) + capacity, nullptr);
   block_->capacity = capacity;
 }
 
 void ItemStorage::Unshare(std::int32_t capacity) {
   Block* const own = Allocate(capacity);
-  std::copy_n(Slots(block_), block_->capacity, Slots(own));
-  for (std::int32_t i = 0; i < block_->capacity; ++i) {
+  std::copy_n(Slots(block_), block_->written, Slots(own));
+  own->written = block_->written;
+  for (std::int32_t i = 0; i < own->written; ++i) {
     if (Slots(own)[i] != nullptr) Slots(own)[i]->AddRef();
   }
   --block_->holders;

@@ -13,7 +13,7 @@ namespace vestrel {
 void clsIterator::Init(std::span<const Ref<Object>> data, std::int32_t Size) {
   ItemStorage copy;
   const std::int32_t count = NarrowChecked(static_cast<std::int64_t>(data.size()));
-  Object** const slots = copy.Writable(count);
+  Object** const slots = copy.Writable(count, count);
   for (std::int32_t i = 0; i < count; ++i) slots[i] = Ref<Object>(data[static_cast<std::size_t>(i)]).Detach();
   InitShared(std::move(copy), Size);
   slots_ = count;

@@ -87,27 +87,11 @@ std::int32_t clsObjectList::AddItemBefore(Object* item, std::int32_t before) {
   return InsertAt(item, before, true);
 }
 
-std::int32_t clsObjectList::AddItem(Object* item) {
-  return AppendQuietly(item) ? count_ - 1 : InsertAt(item, 0, false);
-}
-
-// The common case of appending to a list that nobody watches and that has room, where nothing can call back.
-bool clsObjectList::AppendQuietly(Object* item) {
-  const std::int32_t capacity = items_.capacity();
-  if (count_ < 0 || count_ >= capacity || eventHandler_) return false;
-  Object** const slots = items_.Writable(capacity);
-  if (slots[count_] != nullptr) return false;
-  if (item != nullptr) item->AddRef();
-  slots[count_++] = item;
-  ++changes_;
-  return true;
-}
-
 Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {
   const Ref<clsObjectList> self(this);
   const std::int32_t slot = NormalisedIndex(atIndex);
   CheckSlot(slot);
-  Object** const slots = items_.Writable(items_.capacity());
+  Object** const slots = items_.Writable(items_.capacity(), slot + 1);
   Ref<Object> removed = slots[slot];
   const std::int32_t last = count_ - 1;
   if (slot < last) {
@@ -215,7 +199,7 @@ std::u16string clsObjectList::JoinStrings(std::u16string_view delimiter, const V
 
 void clsObjectList::Reverse() {
   if (count_ < 2) return;
-  Object** const slots = items_.Writable(items_.capacity());
+  Object** const slots = items_.Writable(items_.capacity(), count_);
   std::reverse(slots, slots + count_);
   ++changes_;
 }
@@ -227,9 +211,11 @@ std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool use
   const std::int32_t capacity = items_.capacity();
   const std::int32_t position = useBefore ? InsertPosition(before) : count_;
   CheckSlot(std::min(position, 0));
-  Object** const slots = items_.Writable(newCount > capacity ? MultiplyChecked(capacity, 2) : capacity);
+  const std::int32_t room = newCount > capacity ? MultiplyChecked(capacity, 2) : capacity;
+  const std::int32_t filled = std::max(position, count_);
+  Object** const slots = items_.Writable(room, filled + 1);
   // What an item that left had kept in the slot goes now, when everything is in place again.
-  Ref<Object> displaced = Ref<Object>::Adopt(slots[std::max(position, count_)]);
+  Ref<Object> displaced = Ref<Object>::Adopt(slots[filled]);
   if (position < count_) std::copy_backward(slots + position, slots + count_, slots + newCount);
   slots[position] = Ref<Object>(inserted).Detach();
   count_ = newCount;
@@ -278,7 +264,7 @@ void clsObjectList::PutInOrder(ItemStorage sorted, std::span<Object* const> orde
 }
 
 void clsObjectList::Rearrange(std::span<Object* const> order) {
-  std::copy(order.begin(), order.end(), items_.Writable(items_.capacity()));
+  std::copy(order.begin(), order.end(), items_.Writable(items_.capacity(), count_));
   ++changes_;
 }
 

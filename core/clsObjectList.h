@@ -41,7 +41,12 @@ class clsObjectList : public Object {
   std::int32_t AddItemBefore(Object* item, std::int32_t before);
   // Appends. Calls ItemAdded. The result is the new item's position. Both raise 9 where Remove has left Size
   // below zero and the position would be, too.
-  std::int32_t AddItem(Object* item);
+  std::int32_t AddItem(Object* item) {
+    // The common case, where nothing can call back: nobody watches, and the slot was never written.
+    if (!eventHandler_.IsUnset() || !items_.PutBehind(count_, item)) return InsertAt(item, 0, false);
+    ++changes_;
+    return count_++;
+  }
   // Takes out and answers the item at `atIndex`. Calls ItemRemoved. Does not guard against an empty list: a
   // negative index then takes slot 0 and leaves Size at -1, any other raises 9.
   Ref<Object> Remove(std::int32_t atIndex);
@@ -87,7 +92,7 @@ class clsObjectList : public Object {
   ItemSnapshot Snapshot() const { return {items_, count_}; }
   // The item at `index`, which is within 0 .. Size - 1; the list alone keeps it alive. For loops inside the
   // library that ask for each item anew.
-  Object* Borrow(std::int32_t index) const noexcept { return items_[index]; }
+  Object* Borrow(std::int32_t index) const noexcept { return items_.Written(index); }
   // Moves on with every change of the items or their order: while it stands still, what was found out about
   // the list still holds.
   std::uint64_t Changes() const noexcept { return changes_; }
@@ -97,7 +102,6 @@ class clsObjectList : public Object {
   std::int32_t Capacity() const noexcept { return items_.capacity(); }
 
  private:
-  bool AppendQuietly(Object* item);
   std::int32_t InsertAt(Object* item, std::int32_t before, bool useBefore);
   std::int32_t InsertPosition(std::int32_t before) const;
   std::int32_t NormalisedIndex(std::int32_t index) const;
