@@ -98,11 +98,6 @@ std::string_view TextInput::AheadToLineEnd() {
   return Buffered();
 }
 
-void TextInput::TakeLine(std::size_t bytes) noexcept {
-  begin_ += bytes;
-  ++line_;
-}
-
 void TextInput::Fail(std::int32_t number) const {
   FailAt(line_, number);
 }
@@ -126,12 +121,14 @@ bool TextInput::Fill() {
   }
   begin_ = 0;
   end_ = left.size();
+  linesEnd_ = 0;
   std::size_t done = 0;
   const std::span<char> room(buffer_.get() + end_, capacity_ - end_);
   const FileStatus status = Uninterrupted([&] { return file_->ReadAt(offset_, room, done); });
   if (status != FileStatus::Ok) Fail(ErrorNumberOf(status));
   offset_ += done;
   end_ += done;
+  linesEnd_ = Buffered().rfind('\n') + 1;
   atEnd_ = done == 0;
   return !atEnd_;
 }

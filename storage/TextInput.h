@@ -35,11 +35,18 @@ class TextInput {
   // For readers of whole lines: the bytes from here on that are at hand, perhaps none; valid until the next
   // call.
   std::string_view Buffered() const noexcept { return {buffer_.get() + begin_, end_ - begin_}; }
+  // The same up to and with the last LF among them; empty when there is none.
+  std::string_view WholeLines() const noexcept {
+    return {buffer_.get() + begin_, linesEnd_ > begin_ ? linesEnd_ - begin_ : 0};
+  }
   // The bytes from here on, at least up to and with the next line end or else to
   // the end of the file; valid until the next call. Empty at the end of the file.
   std::string_view AheadToLineEnd();
   // Passes over the front of those bytes, one whole line; they stay valid until the call that follows.
-  void TakeLine(std::size_t bytes) noexcept;
+  void TakeLine(std::size_t bytes) noexcept {
+    begin_ += bytes;
+    ++line_;
+  }
 
   // Raises `number` with the file and the current line in its description.
   [[noreturn]] void Fail(std::int32_t number) const;
@@ -66,7 +73,8 @@ class TextInput {
   std::size_t capacity_ = 0;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
-  bool atEnd_ = false;  // the buffer holds all that is left
+  std::size_t linesEnd_ = 0;  // behind the last LF in the buffer, 0 when there is none
+  bool atEnd_ = false;        // the buffer holds all that is left
   std::int32_t line_ = 1;
 };
 

@@ -76,13 +76,11 @@ void TextOutput::WriteLine(std::u16string_view text) {
   EndLine();
 }
 
-char* TextOutput::Room(std::size_t size) {
-  if (capacity_ - used_ < size) Flush();
-  if (capacity_ < size) {
-    capacity_ = std::max(size, kChunk);
-    buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
-  }
-  return buffer_.get() + used_;
+void TextOutput::MakeRoom(std::size_t size) {
+  Flush();
+  if (capacity_ >= size) return;
+  capacity_ = std::max(size, kChunk);
+  buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
 }
 
 void TextOutput::Close() {

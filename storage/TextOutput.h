@@ -40,7 +40,10 @@ class TextOutput {
 
   // For writers that form whole lines themselves: room for `size` bytes, which stays valid until the next
   // call; then the end of what was put there.
-  char* Room(std::size_t size);
+  char* Room(std::size_t size) {
+    if (capacity_ - used_ < size) MakeRoom(size);
+    return buffer_.get() + used_;
+  }
   void Written(const char* end) noexcept { used_ = static_cast<std::size_t>(end - buffer_.get()); }
 
   // Writes what is left and puts a new file in place; a file on which a write failed is dropped. Call once;
@@ -50,6 +53,7 @@ class TextOutput {
  private:
   void BeginField();
   void Append(std::string_view bytes);
+  void MakeRoom(std::size_t size);
   void Flush();
   void WriteOut(std::string_view bytes);
   void Check(platform::FileStatus status);

@@ -229,6 +229,19 @@ TEST_F(TextFileTest, WholeLinesCanBeTakenFromTheBytes) {
   EXPECT_EQ(Description([&] { in.Fail(Error_TypeMismatch); }), u"Type mismatch: C:\\app\\take.txt, line 4");
 }
 
+TEST_F(TextFileTest, WholeLinesAreThoseOfTheBytesAtHand) {
+  TextInput& in = Reading("1\r\n2\n3");
+  EXPECT_EQ(in.WholeLines(), "");
+  in.AheadToLineEnd();
+  EXPECT_EQ(in.WholeLines(), "1\r\n2\n");
+  in.TakeLine(3);
+  EXPECT_EQ(in.WholeLines(), "2\n");
+  in.TakeLine(2);
+  EXPECT_EQ(in.WholeLines(), "");
+  EXPECT_EQ(in.ReadLong(), 3);
+  EXPECT_EQ(in.WholeLines(), "");
+}
+
 TEST_F(TextFileTest, ALineEndMayLieAcrossTheChunksItReads) {
   for (const std::size_t chunk : {65536U, 131072U}) {
     for (std::size_t length = chunk - 3; length <= chunk + 1; ++length) {
