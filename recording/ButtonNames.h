@@ -32,14 +32,27 @@ class ButtonNames {
   Binding LookUp(std::u16string_view name) const;
 
  private:
+  // A name's length and both its ends, which are all of a name up to kKeyedWhole bytes.
+  struct Key {
+    explicit Key(std::string_view name) noexcept;
+    std::uint64_t Hash() const noexcept;
+    bool operator==(const Key& other) const noexcept = default;
+
+    std::uint64_t size;
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    std::uint64_t middle = 0;  // a hash of what lies between
+  };
+  static constexpr std::size_t kKeyedWhole = 16;
+
   struct Entry {
+    Key key;
     std::string name;
-    std::uint64_t hash;
     Binding binding;
   };
 
-  std::size_t SlotFor(std::string_view name, std::uint64_t hash) const noexcept;
-  const Binding& Add(std::string_view name, std::uint64_t hash);
+  std::size_t SlotFor(std::string_view name, const Key& key) const noexcept;
+  const Binding& Add(std::string_view name, const Key& key);
   void Enlarge();
 
   const clsDictionary* map_;

@@ -30,6 +30,7 @@ class EventReader {
 
  private:
   std::size_t NextLine(EventLine& line);
+  std::size_t ReadBehindBuffer(EventLine& line);
   bool ReadFields(vxEvent& event);
 
   TextInput& in_;

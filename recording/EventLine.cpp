@@ -1,6 +1,7 @@
 #include "recording/EventLine.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -17,9 +18,10 @@ constexpr std::size_t kExactDigits = 7;
 // As many as a 32-bit number has at most.
 constexpr std::size_t kMostDigits = 10;
 
-template <class Number>
-char* WriteNumber(char* out, Number value) noexcept {
-  return std::to_chars(out, out + kEventLineRoom, value).ptr;
+char* WriteNumber(char* out, std::int32_t value) noexcept {
+  if (value < 0 || value > 9) return std::to_chars(out, out + kEventLineRoom, value).ptr;
+  *out = static_cast<char>('0' + value);
+  return out + 1;
 }
 
 // As SingleToText gives it; the plain forms, which positions have nearly always, are quicker to write here.
@@ -36,17 +38,64 @@ char* WriteFloat(char* out, float value) {
   return std::copy(text.begin(), text.end(), out);
 }
 
-// Walks over a line up to its LF, which no step but the last passes; so none needs to look for the end of the
-// bytes. At the first thing that is not as it should be it goes to the LF and stays there.
+// The end of the text's units as bytes, or null when one of them is not ASCII.
+char* CopyAscii(char* out, std::u16string_view text) noexcept {
+  const char16_t* at = text.data();
+  const char16_t* const end = at + text.size();
+  std::uint64_t all = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    for (; end - at >= 4; at += 4) {
+      std::uint64_t units = 0;
+      std::memcpy(&units, at, sizeof units);
+      all |= units;
+      units |= units >> 8U;
+      const auto bytes = static_cast<std::uint32_t>((units & 0xFFFFU) | (units >> 16U & 0xFFFF0000U));
+      std::memcpy(out, &bytes, sizeof bytes);
+      out += sizeof bytes;
+    }
+  }
+  for (; at != end; ++at) {
+    all |= *at;
+    *out++ = static_cast<char>(*at);
+  }
+  return (all & 0xFF80FF80FF80FF80U) == 0 ? out : nullptr;
+}
+
+constexpr std::uint64_t EachByte(unsigned char byte) noexcept {
+  return 0x0101010101010101U * byte;
+}
+
+// The high bits of the bytes that are zero, exact up to the lowest of them.
+constexpr std::uint64_t ZeroBytes(std::uint64_t word) noexcept {
+  return (word - EachByte(1)) & ~word & EachByte(0x80);
+}
+
+// The first quote or LF; an LF stands at `end`.
+const char* QuoteOrLineFeed(const char* at, const char* end) noexcept {
+  if constexpr (std::endian::native == std::endian::little) {
+    for (; end - at >= 8; at += 8) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, at, sizeof word);
+      const std::uint64_t found = ZeroBytes(word ^ EachByte('"')) | ZeroBytes(word ^ EachByte('\n'));
+      if (found != 0) return at + std::countr_zero(found) / 8;
+    }
+  }
+  while (*at != '"' && *at != '\n') ++at;
+  return at;
+}
+
+// Walks over a line up to its LF, which no step passes; so none needs to look for the end of the bytes. At
+// the first thing that is not as it should be it goes to the last LF of all and stays there.
 class Walk {
  public:
-  // `lineFeed` is where the LF stands.
-  Walk(const char* begin, const char* lineFeed) noexcept : at_(begin), lineFeed_(lineFeed) {}
+  // `lastLineFeed` is where the last LF of the bytes stands.
+  Walk(const char* begin, const char* lastLineFeed) noexcept : at_(begin), lastLineFeed_(lastLineFeed) {}
 
-  // Whether all was as it should be and the LF comes next, behind a CR or not.
-  bool EndsWell() noexcept {
+  // Where the next line begins; null when something was not as it should be or the LF, behind a CR or not,
+  // does not come next.
+  const char* NextLine() noexcept {
     if (*at_ == '\r') ++at_;
-    return good_ && at_ == lineFeed_;
+    return good_ && *at_ == '\n' ? at_ + 1 : nullptr;
   }
 
   void Pass(char byte) noexcept {
@@ -56,13 +105,10 @@ class Walk {
 
   template <class Integer>
   void Read(Integer& value) noexcept {
-    const bool negative = PassSign();
-    const char* const digits = at_;
-    const std::uint64_t number = ReadDigits();
-    const auto count = static_cast<std::size_t>(at_ - digits);
-    const std::uint64_t most = std::uint64_t{std::numeric_limits<Integer>::max()} + (negative ? 1 : 0);
-    if (count - 1 >= kMostDigits || number > most) return Fail();
-    value = static_cast<Integer>(negative ? 0 - number : number);
+    const unsigned digit = DigitAt(at_);
+    if (digit > 9 || DigitAt(at_ + 1) <= 9) return ReadLonger(value);
+    value = static_cast<Integer>(digit);
+    ++at_;
   }
 
   void Read(float& value) noexcept {
@@ -79,17 +125,28 @@ class Walk {
 
   void ReadQuoted(std::string_view& value) noexcept {
     Pass('"');
-    const auto left = static_cast<std::size_t>(lineFeed_ - at_);
-    const void* const quote = std::memchr(at_, '"', left);
-    if (quote == nullptr) return Fail();
-    value = {at_, static_cast<std::size_t>(static_cast<const char*>(quote) - at_)};
-    at_ = static_cast<const char*>(quote) + 1;
+    const char* const end = QuoteOrLineFeed(at_, lastLineFeed_);
+    if (*end != '"') return Fail();
+    value = {at_, static_cast<std::size_t>(end - at_)};
+    at_ = end + 1;
   }
 
  private:
   void Fail() noexcept {
     good_ = false;
-    at_ = lineFeed_;
+    at_ = lastLineFeed_;
+  }
+
+  // Any form but that of a single digit.
+  template <class Integer>
+  void ReadLonger(Integer& value) noexcept {
+    const bool negative = PassSign();
+    const char* const digits = at_;
+    const std::uint64_t number = ReadDigits();
+    const auto count = static_cast<std::size_t>(at_ - digits);
+    const std::uint64_t most = std::uint64_t{std::numeric_limits<Integer>::max()} + (negative ? 1 : 0);
+    if (count - 1 >= kMostDigits || number > most) return Fail();
+    value = static_cast<Integer>(negative ? 0 - number : number);
   }
 
   bool PassSign() noexcept {
@@ -106,7 +163,7 @@ class Walk {
   }
 
   void ReadFraction(const char* start, float& value) noexcept {
-    const auto [next, problem] = std::from_chars(start, lineFeed_, value);
+    const auto [next, problem] = std::from_chars(start, lastLineFeed_, value);
     if (problem != std::errc()) return Fail();
     at_ = next;
   }
@@ -114,18 +171,18 @@ class Walk {
   static unsigned DigitAt(const char* at) noexcept { return static_cast<unsigned char>(*at) - unsigned{'0'}; }
 
   const char* at_;
-  const char* lineFeed_;
+  const char* lastLineFeed_;
   bool good_ = true;
 };
 
 }  // namespace
 
-char* WriteEventLine(char* out, const EventLine& line, std::u16string_view asciiName) {
+char* WriteEventLine(char* out, const EventLine& line, std::u16string_view name) {
   out = WriteNumber(out, line.time);
   *out++ = ',';
   *out++ = '"';
-  out = std::transform(asciiName.begin(), asciiName.end(), out,
-                       [](char16_t unit) { return static_cast<char>(unit); });
+  out = CopyAscii(out, name);
+  if (out == nullptr) return nullptr;
   *out++ = '"';
   *out++ = ',';
   out = WriteNumber(out, line.eventType);
@@ -143,9 +200,9 @@ char* WriteEventLine(char* out, const EventLine& line, std::u16string_view ascii
 }
 
 std::size_t ReadEventLine(std::string_view bytes, EventLine& line) noexcept {
-  const std::size_t lineFeed = bytes.find('\n');
-  if (lineFeed == std::string_view::npos) return 0;
-  Walk walk(bytes.data(), bytes.data() + lineFeed);
+  const std::size_t lastLineFeed = bytes.rfind('\n');
+  if (lastLineFeed == std::string_view::npos) return 0;
+  Walk walk(bytes.data(), bytes.data() + lastLineFeed);
   walk.Read(line.time);
   walk.Pass(',');
   walk.ReadQuoted(line.name);
@@ -159,7 +216,8 @@ std::size_t ReadEventLine(std::string_view bytes, EventLine& line) noexcept {
   walk.Read(line.x);
   walk.Pass(',');
   walk.Read(line.y);
-  return walk.EndsWell() ? lineFeed + 1 : 0;
+  const char* const next = walk.NextLine();
+  return next == nullptr ? 0 : static_cast<std::size_t>(next - bytes.data());
 }
 
 }  // namespace vestrel

@@ -24,8 +24,9 @@ struct EventLine {
 inline constexpr std::size_t kEventLineRoom = 128;
 
 // Writes the line at `out`, which has kEventLineRoom bytes more than the name; answers its end. The name is
-// given apart, in ASCII, which is the same in every narrow code page.
-char* WriteEventLine(char* out, const EventLine& line, std::u16string_view asciiName);
+// given apart. Null when it is not ASCII alone, which is the same in every narrow code page; what stands at
+// `out` is of no use then.
+char* WriteEventLine(char* out, const EventLine& line, std::u16string_view name);
 
 // Reads the line that `bytes` begin with and answers how many of them it took. 0 when it is not whole or not
 // in the form that WriteEventLine gives it; its line break may be a bare LF, though.

@@ -10,20 +10,24 @@
 namespace vestrel {
 namespace {
 
+[[noreturn]] void FailUnset() {
+  RaiseError(Error_ObjectNotSet, u"clsRecordController");
+}
+
 // A callback may drop the last other reference to what is at work.
 template <class T>
 Ref<T> Held(const Ref<T>& object) {
-  if (!object) RaiseError(Error_ObjectNotSet, u"clsRecordController");
+  if (!object) FailUnset();
   return object;
 }
 
 }  // namespace
 
-Ref<vxEventList> clsRecordController::Events() const {
+inline Ref<vxEventList> clsRecordController::Events() const {
   return Held(eventList_);
 }
 
-Ref<IRecordEventHandler> clsRecordController::Bar() const {
+inline Ref<IRecordEventHandler> clsRecordController::Bar() const {
   return Held(eventHandler_);
 }
 
@@ -127,7 +131,9 @@ void clsRecordController::TimerTick() {
   lastTick_ = now;
   currentTime_ = NarrowChecked(std::int64_t{currentTime_} + delta);
   Bar()->UpdateTimecodeDisplay(currentTime_);
-  Events()->UpdateTime(currentTime_);
+  // Keeps itself alive meanwhile.
+  if (!eventList_) FailUnset();
+  eventList_->UpdateTime(currentTime_);
 }
 
 void clsRecordController::SeekToEventIndex(std::int32_t index) {

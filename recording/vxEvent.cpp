@@ -5,19 +5,11 @@
 #include "storage/TextFile.h"
 
 namespace vestrel {
-namespace {
-
-thread_local std::uint64_t timeChanges = 0;
-
-}  // namespace
 
 static_assert(sizeof(vxEvent) <= EventPool::kBlockSize);
 static_assert(sizeof(void*) != 8 || sizeof(vxEvent) <= 40, "a recording holds a million of these");
 
-void vxEvent::SetTime(std::int32_t value) noexcept {
-  if (value != time_) ++timeChanges;
-  time_ = value;
-}
+constinit thread_local std::uint64_t vxEvent::timeChanges_ = 0;
 
 void* vxEvent::operator new(std::size_t size) {
   return size == sizeof(vxEvent) ? EventPool::Take() : ::operator new(size);
@@ -29,10 +21,6 @@ void vxEvent::operator delete(void* block, std::size_t size) noexcept {
   } else {
     ::operator delete(block, size);
   }
-}
-
-std::uint64_t vxEvent::TimeChanges() noexcept {
-  return timeChanges;
 }
 
 void vxEvent::Init(std::int32_t pTime, clsButton* pButton, vxEventTypeEnum pEventType) {

@@ -24,7 +24,10 @@ class vxEvent : public Object {
   // Transport time in milliseconds; 0 is the start of the recording. A list that the event stands in is not
   // sorted anew when it changes.
   std::int32_t time() const noexcept { return time_; }
-  void SetTime(std::int32_t value) noexcept;
+  void SetTime(std::int32_t value) noexcept {
+    if (value != time_) ++timeChanges_;
+    time_ = value;
+  }
 
   // The button that changed; none in a new event.
   Ref<clsButton> button;
@@ -55,7 +58,10 @@ class vxEvent : public Object {
 
   // How often the time of any event of this thread changed: while it stands still, a list that was found
   // sorted still is.
-  static std::uint64_t TimeChanges() noexcept;
+  static std::uint64_t TimeChanges() noexcept { return timeChanges_; }
+
+ private:
+  static constinit thread_local std::uint64_t timeChanges_;
 };
 
 }  // namespace vestrel

@@ -9,9 +9,21 @@
 namespace vestrel {
 namespace {
 
+[[noreturn]] void FailWithoutButton() {
+  RaiseError(Error_ObjectNotSet, u"vxEventList");
+}
+
 const std::u16string& ButtonName(const vxEvent& ev) {
   if (!ev.button) RaiseError(Error_ObjectNotSet);
   return ev.button->name;
+}
+
+// Handler and index are those that the button's change leaves.
+void Fire(vxEvent& ev, clsButton& button, const BackRef<IVXEventListHandler>& handler,
+          const std::int32_t& index) {
+  const auto newState = ev.eventType == vxEvent_ButtonOn ? PlayState_On : PlayState_Off;
+  button.setPlayState(newState, PSEventSource_RecPlayback, ev.mouseButton, ev.shift, ev.x, ev.y);
+  if (const Ref<IVXEventListHandler> told = handler.Lock()) told->EventFired(&ev, index);
 }
 
 }  // namespace
@@ -92,38 +104,44 @@ void vxEventList::SetRecordMode(RecordModeEnum newMode) {
   recordMode_ = newMode;
 }
 
+Object* vxEventList::ItemBeforeFirst() const {
+  return events_->GetItem(playIndex_).get();
+}
+
+// Asked anew for each event: what the last one set off may have changed or replaced the list.
+inline vxEvent* vxEventList::NextDue(std::int32_t pTime) const {
+  if (!events_) RaiseError(Error_ObjectNotSet);
+  if (playIndex_ >= events_->Size()) return nullptr;
+  auto& ev = Cast<vxEvent>(playIndex_ >= 0 ? events_->Borrow(playIndex_) : ItemBeforeFirst());
+  return ev.time() > pTime ? nullptr : &ev;
+}
+
 void vxEventList::UpdateTime(std::int32_t pTime) {
   const Ref<vxEventList> self(this);
   while (vxEvent* const due = NextDue(pTime)) {
     const Ref<vxEvent> ev(due);
     if (recording_ && recordMode_ == RecordMode_Overwrite) {
-      modLog::LogFormat(LogLevel_4_SPEW, u"Overwrite-mode-skipping playback of %s @ time %d", ButtonName(*ev),
-                        ev->time());
+      LogSkipped(*ev);
     } else {
-      Fire(*ev);
+      clsButton* const button = ev->button.get();
+      if (button == nullptr) FailWithoutButton();
+      // As its base, so that its count is looked for once.
+      const Ref<Object> held(button);
+      Fire(*ev, *button, handler_, playIndex_);
+      if (modLog::Passes(LogLevel_4_SPEW)) LogFired(*button, ev->time());
     }
     ++playIndex_;
   }
   currentTime_ = pTime;
 }
 
-// Asked anew for each event: what the last one set off may have changed or replaced the list.
-vxEvent* vxEventList::NextDue(std::int32_t pTime) const {
-  if (!events_) RaiseError(Error_ObjectNotSet);
-  const clsObjectList& list = *events_;
-  if (playIndex_ >= list.Size()) return nullptr;
-  Object* const item = playIndex_ >= 0 ? list.Borrow(playIndex_) : list.GetItem(playIndex_).get();
-  auto& ev = Cast<vxEvent>(item);
-  return ev.time() > pTime ? nullptr : &ev;
+void vxEventList::LogFired(const clsButton& button, std::int32_t time) {
+  modLog::LogFormat(LogLevel_4_SPEW, u"Playing button %s @ time %d", button.name, time);
 }
 
-void vxEventList::Fire(vxEvent& ev) {
-  const auto newState = ev.eventType == vxEvent_ButtonOn ? PlayState_On : PlayState_Off;
-  const Ref<clsButton> button = ev.button;
-  if (!button) RaiseError(Error_ObjectNotSet, u"vxEventList");
-  button->setPlayState(newState, PSEventSource_RecPlayback, ev.mouseButton, ev.shift, ev.x, ev.y);
-  if (const Ref<IVXEventListHandler> handler = handler_.Lock()) handler->EventFired(&ev, playIndex_);
-  modLog::LogFormat(LogLevel_4_SPEW, u"Playing button %s @ time %d", button->name, ev.time());
+void vxEventList::LogSkipped(const vxEvent& ev) {
+  modLog::LogFormat(LogLevel_4_SPEW, u"Overwrite-mode-skipping playback of %s @ time %d", ButtonName(ev),
+                    ev.time());
 }
 
 std::int32_t vxEventList::SeekToEventIndex(std::int32_t index) {

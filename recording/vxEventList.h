@@ -77,7 +77,10 @@ class vxEventList : public virtual IObjectComparator {
   Ref<clsObjectList> EventsOutsideRange(std::int32_t start, std::int32_t end);
   // Borrowed from the list.
   vxEvent* NextDue(std::int32_t pTime) const;
-  void Fire(vxEvent& ev);
+  Object* ItemBeforeFirst() const;
+  // Apart, so that playing without the log at Spew does without what they take.
+  static void LogFired(const clsButton& button, std::int32_t time);
+  static void LogSkipped(const vxEvent& ev);
 
   Ref<clsObjectList> events_;
   std::int32_t recordStart_ = 0;

@@ -35,6 +35,34 @@ TEST(EventLineTest, WritesSevenFields) {
   for (const auto& [line, bytes] : table) EXPECT_EQ(Written(line), bytes);
 }
 
+TEST(EventLineTest, WritesNamesOfEveryLengthIfTheyAreAscii) {
+  for (std::size_t length = 0; length < 20; ++length) {
+    std::u16string name(length, u'a');
+    std::string bytes(length + kEventLineRoom, '#');
+    for (std::size_t at = 0; at < length; ++at) name[at] = static_cast<char16_t>(u'a' + at);
+    EXPECT_NE(WriteEventLine(bytes.data(), EventLine(), name), nullptr);
+    EXPECT_EQ(bytes.substr(0, length + 5), "0,\"" + ToUtf8(name) + "\",");
+    for (std::size_t at = 0; at < length; ++at) {
+      for (const char16_t other : {u'\x80', u'\x100', u'\x8000'}) {
+        std::u16string foreign = name;
+        foreign[at] = other;
+        EXPECT_EQ(WriteEventLine(bytes.data(), EventLine(), foreign), nullptr) << length << " " << at;
+      }
+    }
+  }
+}
+
+TEST(EventLineTest, ReadsNamesOfEveryLengthUpToTheirQuote) {
+  for (std::size_t length = 0; length < 40; ++length) {
+    const std::string name(length, '\xA2');  // a quote but for its highest bit
+    EventLine line;
+    const std::string bytes = "5,\"" + name + "\",1,0,0,12,-3\r\n";
+    EXPECT_EQ(ReadEventLine(bytes, line), bytes.size());
+    EXPECT_EQ(line.name, name);
+    EXPECT_EQ(ReadEventLine("5,\"" + name + "\n\",1,0,0,12,-3\r\n", line), 0U) << length;
+  }
+}
+
 TEST(EventLineTest, WritesFloatsAsTheCommonRuleDoes) {
   std::mt19937 random(3);
   for (int i = 0; i < 20000; ++i) {

@@ -92,6 +92,70 @@ TEST_F(ReentrancyTest, TheEventThatFiresMayLoseItsButton) {
   EXPECT_EQ(recorder->EventList()->Size(), 4);
 }
 
+// A list on its own with the event "10 a", whose handler nobody else keeps.
+class ListReentrancyTest : public ReentrancyTest {
+ protected:
+  ListReentrancyTest() {
+    list->Init(first);
+    handlerOfTest = nullptr;
+    list->events()->AddItem(Event(10, u"a").get());
+  }
+
+  Ref<test::JournalList> handlerOfTest = MakeRef<test::JournalList>(journal);
+  test::JournalList* const first = handlerOfTest.get();
+  Ref<test::JournalList> second = MakeRef<test::JournalList>(journal);
+  Ref<vxEventList> list = MakeRef<vxEventList>();
+};
+
+TEST_F(ListReentrancyTest, AHandlerThatAButtonReplacedIsGoneAndTheNewOneIsTold) {
+  const long alive = Object::LiveCount();
+  buttons->onChange = [&](clsButton*) {
+    list->Init(second.get());
+    // The handler, the list of events and its event are gone, but for the event that fires; a list is new.
+    EXPECT_EQ(Object::LiveCount(), alive - 1);
+  };
+  list->UpdateTime(10);
+  EXPECT_THAT(journal, ElementsAre("a on 2 0 0 0 0", "fired 10 #0"));
+}
+
+TEST_F(ListReentrancyTest, AHandlerThatReplacesItselfLivesUntilItReturns) {
+  first->onFired = [this, mark = std::make_shared<int>(7)] {
+    const std::weak_ptr<int> own = mark;
+    list->Init(second.get());
+    EXPECT_FALSE(own.expired());
+    journal.push_back("still " + std::to_string(*own.lock()));
+  };
+  list->UpdateTime(10);
+  list->events()->AddItem(Event(20, u"b").get());
+  list->SeekToEventIndex(0);
+  list->UpdateTime(20);
+  EXPECT_THAT(journal,
+              ElementsAre("a on 2 0 0 0 0", "fired 10 #0", "still 7", "b on 2 0 0 0 0", "fired 20 #0"));
+}
+
+TEST_F(ListReentrancyTest, TheListMayBeReleasedByItsHandler) {
+  vxEventList* const borrowed = list.get();
+  first->onFired = [&] { list = nullptr; };
+  borrowed->UpdateTime(10);
+  EXPECT_FALSE(list);
+  EXPECT_THAT(journal, ElementsAre("a on 2 0 0 0 0", "fired 10 #0"));
+}
+
+TEST_F(ListReentrancyTest, TheLogLevelAfterTheCallsOutDecidesOnTheLine) {
+  modLog::SetLogLevel(LogLevel_3_INFO);
+  TakeLog();
+  first->onFired = [&] {
+    Cast<vxEvent>(list->events()->GetItem(0).get()).button = nullptr;
+    modLog::SetLogLevel(LogLevel_4_SPEW);
+  };
+  list->UpdateTime(10);
+  EXPECT_EQ(TakeLog(), "[Spew] Playing button a @ time 10\r\n");
+  list->events()->AddItem(Event(20, u"b").get());
+  first->onFired = [] { modLog::SetLogLevel(LogLevel_3_INFO); };
+  list->UpdateTime(20);
+  EXPECT_EQ(TakeLog(), "");
+}
+
 TEST_F(ReentrancyTest, StoppingWhileAnEventFiresRewindsTheNextTick) {
   Fill();
   recorder->Play();
