@@ -103,7 +103,9 @@ class IdlWriter {
                         TextCarriers());
     out_ << "library Vestrel\n{\n  importlib(\"stdole2.tlb\");\n\n";
     for (const EnumerationDescription& description : AllEnumerations()) WriteEnumeration(description);
-    out_ << "  typedef [uuid(" << ToText(IdOfType("TUIFaderValues"))
+    out_ << "  // The type library has both arrays as 1 to 8, which this language cannot say.\n"
+            "  typedef [uuid("
+         << ToText(IdOfType("TUIFaderValues"))
          << ")] struct TUIFaderValues {\n    long GroupFaders[8];\n    long BumpFaders[8];\n"
             "  } TUIFaderValues;\n\n";
     for (const ClassDescription& description : AllDescriptions()) {

@@ -4,7 +4,8 @@
 // data segment - and the custom data segment, where values stand as a 16-bit type and their bytes. A name is
 // three words - its type, the offset of the next name with the same hash bits, and its length and hash - and
 // its letters, filled up to whole words; 128 words in a segment of their own say where the names of each hash
-// begin.
+// begin. An array's description is four words: the type of its elements, the number of its dimensions in a
+// half word, and for each dimension (here one) its size and its lower bound.
 #include "component/writers/TypeLibraryFinisher.h"
 
 #include <algorithm>
@@ -25,6 +26,7 @@ constexpr std::uint32_t kHasHelpLibrary = 0x100;
 constexpr std::size_t kHeaderSize = 0x54;
 constexpr std::size_t kNameHashSegment = 6;
 constexpr std::size_t kNameSegment = 7;
+constexpr std::size_t kArraySegment = 10;
 constexpr std::size_t kCustomDataSegment = 11;
 constexpr std::size_t kNameCharactersOffset = 0x34;
 constexpr std::size_t kNameHead = 12;
@@ -35,6 +37,7 @@ constexpr std::size_t kSegments = 15;
 constexpr std::uint32_t kTextType = 8;
 constexpr std::uint16_t kLongType = 3;
 constexpr std::uint16_t kDynamicType = 12;
+constexpr std::size_t kArrayDescriptionSize = 16;
 
 std::uint32_t WordAt(const std::string& file, std::size_t offset) {
   if (offset + 4 > file.size()) throw std::runtime_error("type library: cut short");
@@ -78,6 +81,7 @@ class Finisher {
     PutTextDefaults();
     PutDynamicDefaults();
     for (const std::string_view name : ReservedNames()) TakeUnderscoreOff(name);
+    CountArraysFromOne();
     DropTimeStamp();
   }
 
@@ -171,6 +175,17 @@ class Finisher {
     SetWord(file_, at + 8, hash << 16U | (word & 0xFF00U) | static_cast<std::uint32_t>(name.size()));
     file_[at + kNameHead + name.size()] = kFill;
     SetWord(file_, kNameCharactersOffset, WordAt(file_, kNameCharactersOffset) - 1);
+  }
+
+  // The arrays are the fader record's. The description language has no other lower bound than 0.
+  void CountArraysFromOne() {
+    const Segment arrays = SegmentAt(kArraySegment);
+    for (std::size_t at = 0; at < arrays.length; at += kArrayDescriptionSize) {
+      const std::size_t array = arrays.offset + at;
+      if ((WordAt(file_, array + 4) & 0xFFFFU) != 1 || WordAt(file_, array + 12) != 0)
+        throw std::runtime_error("type library: an array of another form");
+      SetWord(file_, array + 12, 1);
+    }
   }
 
   void DropTimeStamp() {

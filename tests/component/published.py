@@ -101,7 +101,8 @@ def idl_enumerations(text):
 
 def idl_record(text):
     body = re.search(r"struct TUIFaderValues \{\n(.*?)\n  \} TUIFaderValues;", text, re.S).group(1)
-    return [(name, int(size)) for name, size in re.findall(r"^    long (\w+)\[(\d+)\];$", body, re.M)]
+    # The language tells sizes alone.
+    return [f"{name} 1 to {size}" for name, size in re.findall(r"^    long (\w+)\[(\d+)\];$", body, re.M)]
 
 
 def idl_classes(text):
@@ -221,18 +222,19 @@ class TypeLibrary:
         return names
 
     def record(self, wanted):
-        """The members of a record of arrays of long: (name, size)."""
+        """The members of a record of arrays of long, with their bounds."""
         for at in self.types:
             if self.word(at) & 0xF == self.RECORD and self.type_name(at) == wanted:
-                return [(name, self.array_size(kind)) for name, kind, _ in self.variables(at)]
+                return [f"{name} {self.array_bounds(kind)}" for name, kind, _ in self.variables(at)]
         return []
 
-    def array_size(self, word):
+    def array_bounds(self, word):
         at = self.segments[9] + word
         assert struct.unpack_from("<h", self.data, at)[0] & 0xFF == self.FIXED_ARRAY
         array = self.segments[10] + self.word(at + 4)
         assert self.word(array) & 0x7FFF == self.LONG
-        return self.word(array + 8)
+        size, lower = self.word(array + 8), self.word(array + 12)
+        return f"{lower} to {lower + size - 1}"
 
     def function(self, record, ident, name):
         size = self.word(record) & 0xFFFF
@@ -325,7 +327,7 @@ def main(what, slots, enumerations, source):
     wrong = compare("slots", fixed, lines)
     wrong += compare("enumerations", sorted(fixed_lines(enumerations)), sorted(members))
     wrong += compare("classes", sorted(fixed_classes(fixed)), sorted(classes))
-    wrong += compare("record", ["GroupFaders 8", "BumpFaders 8"], [f"{name} {size}" for name, size in record])
+    wrong += compare("record", ["GroupFaders 1 to 8", "BumpFaders 1 to 8"], record)
     return 1 if wrong else 0
 
 

@@ -210,6 +210,28 @@ void CompareEnumeration(ITypeLib* library, const wchar_t* enumeration, const cha
   Checked(false, "has the member", member, 0);
 }
 
+// Both arrays of the fader record run from 1 to 8.
+void CompareRecord(ITypeLib* library) {
+  Pointer<ITypeInfo> type;
+  MEMBERID id = 0;
+  USHORT found = 1;
+  std::wstring name = L"TUIFaderValues";
+  CHECK(SUCCEEDED(library->FindName(name.data(), 0, type.out(), &id, &found)) && found == 1);
+  std::string members;
+  VARDESC* variable = nullptr;
+  for (UINT i = 0; type && SUCCEEDED(type->GetVarDesc(i, &variable)); ++i) {
+    const TYPEDESC& array = variable->elemdescVar.tdesc;
+    CHECK_EQ(array.vt, static_cast<VARTYPE>(VT_CARRAY));
+    CHECK_EQ(array.lpadesc->tdescElem.vt, static_cast<VARTYPE>(VT_I4));
+    CHECK_EQ(array.lpadesc->cDims, static_cast<USHORT>(1));
+    const SAFEARRAYBOUND& bounds = array.lpadesc->rgbounds[0];
+    members += NameOf(type.get(), variable->memid) + " from " + std::to_string(bounds.lLbound) + ", " +
+               std::to_string(bounds.cElements) + ";";
+    type->ReleaseVarDesc(variable);
+  }
+  Checked(members == "GroupFaders from 1, 8;BumpFaders from 1, 8;", "the fader record", members.c_str(), 0);
+}
+
 int Run(const wchar_t* path, const char* list) {
   Pointer<ITypeLib> library;
   CHECK_EQ(LoadTypeLibEx(path, REGKIND_NONE, library.out()), S_OK);
@@ -217,6 +239,7 @@ int Run(const wchar_t* path, const char* list) {
   const auto classes = ReadList(list);
   CHECK(classes.size() > 30);
   for (const auto& fixed : classes) Compare(library.get(), fixed);
+  CompareRecord(library.get());
   CompareEnumeration(library.get(), L"ButtonTypeEnum", "ButtonType_None", 999);
   CompareEnumeration(library.get(), L"PlayStateEnum", "PlayState_Null", 999);
   CompareEnumeration(library.get(), L"HighlightDirEnum", "Highlight_NextAfter", 3);
