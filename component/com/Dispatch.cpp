@@ -248,12 +248,12 @@ HRESULT STDMETHODCALLTYPE FaceInvoke(void* facePointer, DISPID id, REFIID reserv
                                      WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                      EXCEPINFO* information, UINT* argumentError) {
   const Face& face = FaceOf(facePointer);
-  if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-  if (parameters == nullptr) return E_POINTER;
-  if (!AreWellFormed(*parameters)) return E_INVALIDARG;
+  if (reserved != IID_NULL) return WithoutTexts(DISP_E_UNKNOWNINTERFACE);
+  if (parameters == nullptr) return WithoutTexts(E_POINTER);
+  if (!AreWellFormed(*parameters)) return WithoutTexts(E_INVALIDARG);
   const ClassDescription& description = *face.faceClass->info->description;
   const int slot = description.FindSlot(id, KindOf(flags));
-  if (slot < 0) return DISP_E_MEMBERNOTFOUND;
+  if (slot < 0) return WithoutTexts(DISP_E_MEMBERNOTFOUND);
   if (result != nullptr) MakeEmpty(*result);
   std::optional<LateCall> call;
   int argument = -1;

@@ -130,7 +130,7 @@ void EarlyCall::EmptyResult() const {
 HRESULT CallThroughTable(const Face& face, int slot, void* const* arguments, void* result) noexcept {
   const ClassInfo& info = *face.faceClass->info;
   const Operation& operation = info.description->slots()[static_cast<std::size_t>(slot)].operation;
-  if (operation.result.type != ValueType::None && result == nullptr) return E_POINTER;
+  if (operation.result.type != ValueType::None && result == nullptr) return WithoutTexts(E_POINTER);
   return Guarded([&] {
     const KeptWrapper keep(*face.owner);
     EarlyCall call(operation, arguments, result);

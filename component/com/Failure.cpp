@@ -75,6 +75,16 @@ void SetInformation(const Error& error) noexcept {
     SetErrorInfo(0, information.get());
 }
 
+// Without memory for the error there is still its code.
+template <class OnError>
+HRESULT ReportNoMemory(OnError onError) noexcept {
+  try {
+    return onError(Error(Error_OutOfMemory, u"Vestrel", std::u16string(RuntimeErrorText(Error_OutOfMemory))));
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
+}
+
 // Handles everything but Error, which the caller tells in its own way.
 template <class OnError>
 HRESULT Report(int* argument, OnError onError) noexcept {
@@ -88,7 +98,7 @@ HRESULT Report(int* argument, OnError onError) noexcept {
   } catch (const ComFailure& failure) {
     return failure.code;
   } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
+    return ReportNoMemory(onError);
   } catch (...) {
     return E_UNEXPECTED;
   }
@@ -123,7 +133,13 @@ std::int32_t NumberOf(HRESULT code) noexcept {
   return code;
 }
 
+HRESULT WithoutTexts(HRESULT code) noexcept {
+  SetErrorInfo(0, nullptr);
+  return code;
+}
+
 HRESULT ReportLateBound(EXCEPINFO* information, int* argument) noexcept {
+  SetErrorInfo(0, nullptr);
   return Report(argument, [information](const Error& error) {
     if (information == nullptr) return CodeOf(error.number());
     Fill(*information, error);
@@ -132,6 +148,7 @@ HRESULT ReportLateBound(EXCEPINFO* information, int* argument) noexcept {
 }
 
 HRESULT ReportEarlyBound() noexcept {
+  SetErrorInfo(0, nullptr);
   return Report(nullptr, [](const Error& error) {
     SetInformation(error);
     return CodeOf(error.number());

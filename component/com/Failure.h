@@ -22,11 +22,16 @@ HRESULT CodeOf(std::int32_t number) noexcept;
 // classic numbers.
 std::int32_t NumberOf(HRESULT code) noexcept;
 
+// Hands a failing code on alone: what the thread's error information told of an earlier failure is dropped,
+// so that callers do not take it for this one's.
+HRESULT WithoutTexts(HRESULT code) noexcept;
+
 // What the exception being handled is for a late-bound caller: DISP_E_EXCEPTION with `information` filled
-// (where given) for an error of the library, otherwise the platform's own code; `argument` receives the
-// position of the argument at fault and otherwise stays.
+// (where given) for an error of the library, which missing memory is too, otherwise the platform's own code;
+// `argument` receives the position of the argument at fault and otherwise stays.
 HRESULT ReportLateBound(EXCEPINFO* information, int* argument) noexcept;
-// The same for a caller through the virtual table, with IErrorInfo set.
+// The same for a caller through the virtual table, with IErrorInfo set for an error of the library and none
+// otherwise.
 HRESULT ReportEarlyBound() noexcept;
 
 // Runs `action` for a caller through the virtual table.

@@ -172,6 +172,7 @@ void OutgoingCall::RunThroughTable() {
     pointers[count++] = &V_I4(&result_);
   }
   const auto slot = kDispatchSlots + static_cast<std::size_t>(slot_);
+  SetErrorInfo(0, nullptr);  // what is there afterwards is the host's
   const HRESULT code = CallSlot(link_.interface_.get(), slot, pointers.data(), count);
   if (FAILED(code)) {
     V_VT(&result_) = VT_EMPTY;  // a failing callee sets no result

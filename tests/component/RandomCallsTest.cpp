@@ -14,6 +14,7 @@ namespace vestrel::component {
 namespace {
 
 constexpr int kCallsARound = 250;
+constexpr std::u16string_view kFolder = u"C:\\data";
 
 // Some ten thousand calls, or a million.
 int Rounds() {
@@ -36,8 +37,11 @@ class Caller {
     test::RaisedNumber([&] {
       Keep(InvokeByName(object.get(), std::u16string(slot.name.begin(), slot.name.end()), slot.operation.kind,
                         arguments));
+      if (slot.name == "Init" && arguments.size() > 1) ++initialised_;
     });
   }
+  // How many calls of an operation that sets objects up have succeeded.
+  int initialised() const { return initialised_; }
 
  private:
   std::size_t Below(std::size_t limit) { return random_() % limit; }
@@ -55,7 +59,7 @@ class Caller {
       case ValueType::Object:
         return In(ObjectOf(parameter.type.name));
       case ValueType::Text:
-        return In(u"C:\\data\\" + std::u16string(1 + Below(3), static_cast<char16_t>(u'a' + Below(3))));
+        return In(Below(4) == 0 ? std::u16string(kFolder) : std::u16string(kFolder) + u"\\" + ShortName());
       case ValueType::Boolean:
         return In(Below(2) == 0);
       case ValueType::Array:
@@ -66,16 +70,18 @@ class Caller {
         return In(static_cast<std::int32_t>(Below(14)) - 2);
     }
   }
+  std::u16string ShortName() { return std::u16string(1 + Below(3), static_cast<char16_t>(u'a' + Below(3))); }
   Variant SomeArray() {
     auto array = MakeRef<ValueArray>();
     for (std::size_t size = Below(5); size > 0; --size) array->items.push_back(Pick(values_));
     return array;
   }
+  // One that is of the class or implements the interface.
   Variant ObjectOf(std::string_view className) {
+    const ClassInfo* wanted = FindClass(std::u16string(className.begin(), className.end()));
     for (int attempt = 0; attempt < 60; ++attempt) {
       const Ref<Object>& candidate = Pick(objects_);
-      const ClassInfo* info = ClassOf(*candidate);
-      if (className.empty() || (info != nullptr && info->description->name() == className)) return candidate;
+      if (wanted == nullptr || candidate->Query(wanted->key) != nullptr) return candidate;
     }
     return Ref<Object>();
   }
@@ -91,6 +97,7 @@ class Caller {
   std::vector<Variant> values_;
   std::vector<Ref<Object>> objects_;
   Variant variable_;
+  int initialised_ = 0;
 };
 
 class RandomCallsTest : public test::LogFixture {
@@ -99,17 +106,21 @@ class RandomCallsTest : public test::LogFixture {
 };
 
 TEST_F(RandomCallsTest, AnyCallsInAnyOrderAnswerOrRaise) {
+  int initialised = 0;
   for (int round = 0; round < Rounds(); ++round) {
     test::MemoryFiles roundFiles;
-    roundFiles.PutFolder(u"C:\\data");
+    roundFiles.PutFolder(kFolder);
     const platform::Override override({nullptr, &roundFiles, nullptr, nullptr});
     modLog::Init(kLogFile);
     modLog::SetLogLevel(LogLevel_1_SEVERE);
     Caller caller(static_cast<unsigned>(round));
     for (int call = 0; call < kCallsARound; ++call) caller.Call();
+    initialised += caller.initialised();
     test::CloseTextFiles();
   }
   modLog::Init(kLogFile);
+  // Otherwise the calls would end at objects that are not set up.
+  EXPECT_GT(initialised, Rounds());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "tests/component/host/Check.h"
 #include "tests/component/host/EarlyForm.h"
 #include "tests/component/host/Program.h"
+#include "tests/component/host/Registry.h"
 
 namespace host {
 namespace {
@@ -356,6 +357,60 @@ void Failures() {
   CHECK_EQ(comparable->CompareTo(text.by(), nullptr, &order), kNumbered + 13);
 }
 
+void LeaveErrorInformation() {
+  CHECK_EQ((New<VestrelStatic, _VestrelStatic>()->Assert(By(false))), kNumbered + 7155);
+}
+
+// A failure that has no texts of its own does not leave those of an earlier one.
+void StaleTexts() {
+  const auto list = ListOf({1});
+  LeaveErrorInformation();
+  CHECK_EQ(list->GetItem(By(LONG{0}), nullptr), E_POINTER);
+  CHECK_EQ(TakeRaised().description, L"");
+  VARIANT nothing;
+  V_VT(&nothing) = VT_BYREF | VT_I4;
+  V_I4REF(&nothing) = nullptr;
+  LONG at = -5;
+  LeaveErrorInformation();
+  CHECK_EQ(list->FindFieldValue(Text(L"all").by(), &nothing, &at), E_INVALIDARG);
+  CHECK_EQ(TakeRaised().description, L"");
+  LeaveErrorInformation();
+  DISPPARAMS none{nullptr, nullptr, 0, 0};
+  const auto late = list.As<IDispatch>();
+  CHECK_EQ(
+      late->Invoke(9999, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+      DISP_E_MEMBERNOTFOUND);
+  CHECK_EQ(TakeRaised().description, L"");
+}
+
+BSTR WINAPI NoNewText(const OLECHAR* /*text*/, UINT /*length*/) {
+  return nullptr;
+}
+
+// Memory that runs out is error 7, early and late bound.
+void NoMemory() {
+  const auto text = New<clsString, _clsString>();
+  const HMODULE module = GetModuleHandleW(L"Vestrel.dll");
+  void* newText = TurnAside(module, "SysAllocStringLen", reinterpret_cast<void*>(&NoNewText));
+  CHECK(newText != nullptr);
+  if (newText == nullptr) return;
+  BSTR value = nullptr;
+  const HRESULT early = text->get_value(&value);
+  const Raised raised = TakeRaised();
+  DISPPARAMS none{nullptr, nullptr, 0, 0};
+  EXCEPINFO information{};
+  VARIANT result;
+  VariantInit(&result);
+  const HRESULT late = text.As<IDispatch>()->Invoke(1, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
+                                                    &none, &result, &information, nullptr);
+  TurnAside(module, "SysAllocStringLen", newText);
+  CHECK_EQ(early, kNumbered + 7);
+  CHECK_EQ(raised.description, L"Out of memory");
+  CHECK(value == nullptr);
+  CHECK_EQ(late, DISP_E_EXCEPTION);
+  CHECK_EQ(information.scode, kNumbered + 7);
+}
+
 struct Stage {
   CallLog log;
   EarlyForm form{log};
@@ -510,6 +565,25 @@ void FadersByName(Stage& stage) {
   CHECK_EQ(values.BumpFaders[7], 8L);
 }
 
+// A name that is taken, refused and then allowed; and a copy, whose files the form makes.
+void Editing(Stage& stage) {
+  _IAssignmentCallback* nobody = nullptr;
+  WORKS(stage.controller->setModeAssign(Text(L"Chase").by(), By(ButtonType_Sequence), &nobody));
+  CHECK_EQ(stage.log.Taken(),
+           L"PromptButtonOverwrite(Do you want to overwrite the existing [Chase] button?);");
+  stage.form.overwrite = VARIANT_TRUE;
+  WORKS(stage.controller->setModeAssign(Text(L"Chase").by(), By(ButtonType_Sequence), &nobody));
+  const std::wstring told = stage.log.Taken();
+  CHECK(told.find(L"DeleteButton(Chase,-1);") != std::wstring::npos);
+  WORKS(stage.controller->setModeEditing(By(true)));
+  WORKS(stage.Click(33));
+  WORKS(stage.controller->setModeCopy());
+  stage.log.Taken();
+  WORKS(stage.Click(35));
+  CHECK(stage.log.Taken().find(L"CopyButtonFiles(1,One,Intro,One,Intro copy,0);") == 0);
+  WORKS(stage.controller->setModeEditing(By(false)));
+}
+
 void FailingCallbacks(Stage& stage) {
   stage.form.answer = kNumbered + 777;
   CHECK_EQ(stage.controller->HideSplashScreen(), kNumbered + 777);
@@ -518,6 +592,12 @@ void FailingCallbacks(Stage& stage) {
   CHECK_EQ(raised.description, L"it does not want to");
   stage.form.answer = E_FAIL;
   CHECK_EQ(stage.controller->HideSplashScreen(), E_FAIL);
+  // It says that it tells errors, but has nothing to say of this one.
+  stage.form.setsTexts = false;
+  LeaveErrorInformation();
+  CHECK_EQ(stage.controller->HideSplashScreen(), E_FAIL);
+  CHECK_EQ(TakeRaised().source, L"Vestrel host");
+  stage.form.setsTexts = true;
   stage.form.answer = S_FALSE;
   WORKS(stage.controller->HideSplashScreen());
   stage.form.answer = S_OK;
@@ -572,6 +652,7 @@ void Shows() {
   FailingCallbacks(stage);
   LowNumbers(stage);
   Recording(stage);
+  Editing(stage);
   WORKS(stage.controller->formShutdown());
   CHECK_EQ(stage.form.lateCalls + stage.lamps.lateCalls + stage.bar.lateCalls, 0);
   stage.controller = {};
@@ -590,6 +671,8 @@ int Run(const wchar_t* folder) {
   ExtendedFirst();
   Identity();
   Failures();
+  StaleTexts();
+  NoMemory();
   Files();
   Shows();
   SilentCallbacks();

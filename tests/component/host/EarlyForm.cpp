@@ -14,7 +14,7 @@ void SetTexts(const wchar_t* source, const wchar_t* description) {
 }  // namespace
 
 HRESULT EarlyForm::HideSplashScreen() {
-  if (FAILED(answer)) SetTexts(L"the form", L"it does not want to");
+  if (FAILED(answer) && setsTexts) SetTexts(L"the form", L"it does not want to");
   Noted(L"HideSplashScreen");
   return answer;
 }

@@ -30,6 +30,7 @@ class CallLog {
     button->get_name(name.out());
     return name.str();
   }
+  static std::wstring Shown(_clsPage* page) { return page == nullptr ? L"none" : L"clsPage"; }
   static std::wstring Shown(float number) {
     std::wstring text = std::to_wstring(number);
     text.erase(text.find_last_not_of(L'0') + 1);
@@ -54,6 +55,7 @@ class EarlyForm final : public EarlyHost<_IFormSequenceShortcuts>, public ISuppo
   std::function<void(_clsButton* button)> whenButtonChanges;
   HRESULT answer = S_OK;    // of HideSplashScreen
   bool tellsErrors = true;  // whether it has error information to give
+  bool setsTexts = true;    // whether it gives any
   VARIANT_BOOL overwrite = VARIANT_FALSE;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {

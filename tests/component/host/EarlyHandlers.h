@@ -55,6 +55,51 @@ class EarlyFired final : public EarlyHost<_IVXEventListHandler> {
   CallLog& log_;
 };
 
+class EarlyButtonHandler final : public EarlyHost<_IButtonEventHandler> {
+ public:
+  explicit EarlyButtonHandler(CallLog& log) : log_(log) {}
+  HRESULT STDMETHODCALLTYPE PlayStateChanged(_clsButton** button, PSEventSourceEnum* source,
+                                             short* mouseButton, short* shift, float* x, float* y,
+                                             VARIANT_BOOL* suppressSave) override {
+    log_.Note(L"PlayStateChanged", *button, *source, *mouseButton, *shift, *x, *y, *suppressSave);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE LockStateChanged(_clsButton** button) override {
+    log_.Note(L"LockStateChanged", *button);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE FaderModeChanged(_clsButton** button) override {
+    log_.Note(L"FaderModeChanged", *button);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE FaderValueChanged(_clsButton** button, VARIANT_BOOL* updateUI) override {
+    log_.Note(L"FaderValueChanged", *button, *updateUI);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE DeferPlaystateFor(_clsPage** page, _clsButton** button, PlayStateEnum* playState,
+                                              LONG* faderValue) override {
+    log_.Note(L"DeferPlaystateFor", *page, *button, *playState, *faderValue);
+    return S_OK;
+  }
+
+ private:
+  CallLog& log_;
+};
+
+class EarlyRecorder final : public EarlyHost<_IRecordController> {
+ public:
+  explicit EarlyRecorder(CallLog& log) : log_(log) {}
+  HRESULT STDMETHODCALLTYPE ButtonPlaystateChanged(_clsButton** button, PSEventSourceEnum* source,
+                                                   short* mouseButton, short* shift, float* x,
+                                                   float* y) override {
+    log_.Note(L"ButtonPlaystateChanged", *button, *source, *mouseButton, *shift, *x, *y);
+    return S_OK;
+  }
+
+ private:
+  CallLog& log_;
+};
+
 #pragma GCC diagnostic pop
 
 // By name late bound, by the interface itself through the slots.
