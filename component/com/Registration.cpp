@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "component/ClassDescription.h"
 #include "component/Ids.h"
@@ -117,18 +118,32 @@ std::u16string OwnKey(const std::u16string& key) {
   return key.substr(0, key.find(u'\\', first + 1));
 }
 
-LONG RemoveAll(HKEY root, const std::vector<RegistryValue>& values) {
-  LONG result = RemoveTree(root, LibraryKey() + u"\\" + VersionText() + u"\\0\\" + std::u16string(kPlatform));
+// The topmost keys of the library's own, without those that the other platform still needs.
+std::vector<std::u16string> OwnKeys(HKEY root, const std::vector<RegistryValue>& values) {
+  std::vector<std::u16string> result{LibraryKey() + u"\\" + VersionText() + u"\\0\\" +
+                                     std::u16string(kPlatform)};
   const bool keepShared = OtherPlatformRemains(root);
-  std::u16string last;
   for (const RegistryValue& value : values) {
-    const std::u16string key = OwnKey(value.key);
+    std::u16string key = OwnKey(value.key);
     const bool shared = !key.starts_with(u"CLSID\\") && !key.starts_with(u"Interface\\");
-    if (key == last || (shared && keepShared)) continue;
-    last = key;
+    if (key == result.back() || (shared && keepShared)) continue;
+    result.push_back(std::move(key));
+  }
+  return result;
+}
+
+LONG RemoveAll(HKEY root, const std::vector<RegistryValue>& values) {
+  LONG result = ERROR_SUCCESS;
+  for (const std::u16string& key : OwnKeys(root, values)) {
     if (const LONG code = RemoveTree(root, key); code != ERROR_SUCCESS) result = code;
   }
   return result;
+}
+
+bool AnythingLeft(HKEY root, const std::vector<RegistryValue>& values) {
+  const auto keys = OwnKeys(root, values);
+  return std::any_of(keys.begin(), keys.end(),
+                     [root](const std::u16string& key) { return Exists(root, key); });
 }
 
 template <class Action>
@@ -159,7 +174,7 @@ HRESULT RegisterModule() noexcept {
     // What the user registered earlier would go before the machine's.
     if (code == ERROR_SUCCESS) return RemoveAll(HKEY_CURRENT_USER, values);
     RemoveAll(HKEY_LOCAL_MACHINE, values);
-    return WriteAll(HKEY_CURRENT_USER, values);
+    return code == ERROR_ACCESS_DENIED ? WriteAll(HKEY_CURRENT_USER, values) : code;
   });
 }
 
@@ -169,8 +184,8 @@ HRESULT UnregisterModule() noexcept {
     const LONG user = RemoveAll(HKEY_CURRENT_USER, values);
     const LONG machine = RemoveAll(HKEY_LOCAL_MACHINE, values);
     // A user without rights on the machine's part has done what can be done when there is none.
-    const bool left = Exists(HKEY_LOCAL_MACHINE, OwnKey(values.back().key));
-    return user != ERROR_SUCCESS ? user : left ? machine : ERROR_SUCCESS;
+    if (user != ERROR_SUCCESS || !AnythingLeft(HKEY_LOCAL_MACHINE, values)) return user;
+    return machine;
   });
 }
 

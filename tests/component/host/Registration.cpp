@@ -201,11 +201,12 @@ void BesideTheOther(const Snapshot& machine) {
 
 decltype(&RegCreateKeyExW) createKey = nullptr;
 int keysAllowed = 0;
+LONG refusal = ERROR_ACCESS_DENIED;
 
 LONG WINAPI RefusingCreateKey(HKEY root, LPCWSTR name, DWORD reserved, LPWSTR className, DWORD options,
                               REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY result,
                               LPDWORD disposition) {
-  if (root == HKEY_LOCAL_MACHINE && keysAllowed-- <= 0) return ERROR_ACCESS_DENIED;
+  if (root == HKEY_LOCAL_MACHINE && keysAllowed-- <= 0) return refusal;
   return createKey(root, name, reserved, className, options, access, security, result, disposition);
 }
 
@@ -231,6 +232,42 @@ void AfterTheUser(const Snapshot& machine, const Snapshot& user) {
   CheckAdded(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), ExpectEverything(HKEY_LOCAL_MACHINE));
   CHECK_EQ(CallEntry("DllUnregisterServer"), S_OK);
   CheckSame(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), "unregistered from the machine again");
+}
+
+// Only rights that lack lead to the user's part; what else goes wrong is told.
+void WhenTheMachineFails(const Snapshot& machine, const Snapshot& user) {
+  keysAllowed = 100;
+  refusal = ERROR_NO_SYSTEM_RESOURCES;
+  CHECK_EQ(CallEntry("DllRegisterServer"), HRESULT_FROM_WIN32(ERROR_NO_SYSTEM_RESOURCES));
+  refusal = ERROR_ACCESS_DENIED;
+  keysAllowed = 1 << 30;
+  CheckSame(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), "nothing half done for the machine");
+  CheckSame(user, ClassesSnapshot(HKEY_CURRENT_USER), "nothing done for the user instead");
+}
+
+decltype(&RegDeleteTreeW) deleteTree = nullptr;
+std::wstring keptTree;  // what may not be deleted, "*" for everything
+
+LONG WINAPI RefusingDeleteTree(HKEY root, LPCWSTR name) {
+  if (root == HKEY_LOCAL_MACHINE && (keptTree == L"*" || keptTree == name)) return ERROR_ACCESS_DENIED;
+  return deleteTree(root, name);
+}
+
+// A single key that stays is told, whichever it is; a user without rights on a machine where nothing is
+// registered has nothing to be told.
+void WhenSomethingStays(const Snapshot& machine) {
+  for (const wchar_t* kept :
+       {L"Software\\Classes\\Vestrel.clsButton", L"Software\\Classes\\Vestrel.clsPage.1"}) {
+    CHECK_EQ(CallEntry("DllRegisterServer"), S_OK);
+    keptTree = kept;
+    CHECK_EQ(CallEntry("DllUnregisterServer"), E_ACCESSDENIED);
+    keptTree.clear();
+    CHECK_EQ(CallEntry("DllUnregisterServer"), S_OK);
+    CheckSame(machine, ClassesSnapshot(HKEY_LOCAL_MACHINE), "unregistered at last");
+  }
+  keptTree = L"*";
+  CHECK_EQ(CallEntry("DllUnregisterServer"), S_OK);
+  keptTree.clear();
 }
 
 // Nothing is registered: the manifest alone tells.
@@ -275,7 +312,12 @@ int Run(const wchar_t* path, const wchar_t* manifest) {
     ForTheUser(machine, user, 0);
     ForTheUser(machine, user, 100);
     AfterTheUser(machine, user);
+    WhenTheMachineFails(machine, user);
   }
+  deleteTree = reinterpret_cast<decltype(&RegDeleteTreeW)>(
+      TurnAside(library, "RegDeleteTreeW", reinterpret_cast<void*>(&RefusingDeleteTree)));
+  CHECK(deleteTree != nullptr);
+  if (deleteTree != nullptr) WhenSomethingStays(machine);
   return Totals("registration");
 }
 
