@@ -1,6 +1,8 @@
 #include "component/com/Values.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 #include "component/UIFaderValues.h"
 #include "component/com/FaderRecord.h"
@@ -33,6 +35,15 @@ IUnknown* PointerOf(const VARIANT& value) noexcept {
 // The system's functions take their sources as variables, but only read them.
 void CopyReferred(AutoVariant& target, const VARIANT& source) {
   Check(VariantCopyInd(&target, const_cast<VARIANT*>(&source)));
+}
+
+// The double nearest to what the single is written as: 0.1 stays 0.1.
+double Widened(float value) {
+  std::array<char, 32> text{};
+  const char* end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  double result = value;
+  std::from_chars(text.data(), end, result);
+  return result;
 }
 
 // The plain value that an object stands for.
@@ -310,6 +321,8 @@ Variant ToDynamic(const VARIANT& value) {
     case VT_INT:
       Convert(*source, VT_I4, converted);
       return std::int32_t{V_I4(&converted)};
+    case VT_R4:
+      return Widened(V_R4(source));
     default:
       Convert(*source, VT_R8, converted);
       return V_R8(&converted);

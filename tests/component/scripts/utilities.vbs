@@ -248,6 +248,19 @@ Sub MultiFiles()
   Fails "no file", 53
 End Sub
 
+' What becomes of values that the library has no kind for.
+Sub OtherKinds(helper)
+  Dim texts
+  Set texts = helper.StringListFrom(Array(CSng(0.1), CSng(16777216), CSng(-2.5), CDate(45000.5), CCur(12.25), Null, Empty))
+  Equal "a single is what it reads as", texts.GetItem(0).value, "0.1"
+  Equal "also a large one", texts.GetItem(1).value, "16777216"
+  Equal "and a negative one", texts.GetItem(2).value, "-2.5"
+  Equal "a date is its number of days", texts.GetItem(3).value, "45000.5"
+  Equal "an amount of currency a number", texts.GetItem(4).value, "12.25"
+  Equal "Null is Empty", texts.GetItem(5).value, texts.GetItem(6).value
+  Equal "which is no text", texts.GetItem(5).value, ""
+End Sub
+
 Dim helper_
 Set helper_ = Made("VestrelStatic")
 Logging helper_
@@ -256,4 +269,5 @@ Captures
 GlobalState
 IniFiles
 MultiFiles
-Totals "utilities.vbs", 102
+OtherKinds helper_
+Totals "utilities.vbs", 109
