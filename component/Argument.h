@@ -13,6 +13,10 @@
 
 namespace vestrel::component {
 
+// How a call ended: in an error, with the answer that there is a result (true, of an operation that answers
+// whether there is one), or otherwise.
+enum class Ending { Failed, Done, Affirmed };
+
 // What an argument is made from.
 struct ArgumentSource {
   Call& call;
@@ -27,7 +31,7 @@ T ReadOrDefault(const ArgumentSource& source) {
 }
 
 // Argument<A> for a parameter of type A: kType, kWritesBack, a constructor from a source, Pass() for the call
-// and Finish() after it. This one is for values and constant references.
+// and, where it writes back, Finish() after it. This one is for values and constant references.
 template <class A>
 class Argument {
  public:
@@ -37,7 +41,6 @@ class Argument {
 
   explicit Argument(const ArgumentSource& source) : value_(ReadOrDefault<Value>(source)) {}
   const Value& Pass() { return value_; }
-  void Finish(const ArgumentSource& /*source*/) {}
 
  private:
   Value value_;
@@ -53,7 +56,6 @@ class Argument<T*> {
 
   explicit Argument(const ArgumentSource& source) : value_(ReadOrDefault<Ref<T>>(source)) {}
   T* Pass() { return value_.get(); }
-  void Finish(const ArgumentSource& /*source*/) {}
 
  private:
   Ref<T> value_;
@@ -64,8 +66,9 @@ inline constexpr bool kComparesCheaply = !std::is_class_v<T> || std::is_same_v<T
 template <class T>
 inline constexpr bool kComparesCheaply<Ref<T>> = true;
 
-// What a result argument holds until the operation writes to it: a value that operations do not write. What
-// the caller's variable holds does not matter to them, need not convert, and stays when nothing is written.
+// What a result argument holds until the operation writes to it: a value that operations hardly write, and
+// when one does, its answer tells. What the caller's variable holds does not matter to them, need not
+// convert, and stays when nothing is written.
 template <class T>
 struct Unwritten;
 
@@ -87,17 +90,21 @@ struct Unwritten<Ref<Object>> {
   static Ref<Object> Make() { return MakeRef<Placeholder>(); }
 };
 
-// The value behind a reference, with what it was before the call, so that only a change is stored back.
+// The value behind a reference, with what it was before the call, so that only what was written is stored
+// back. What a failing operation had written by then is stored as well, where that can be told.
 template <class T>
 class WrittenValue {
  public:
   explicit WrittenValue(const ArgumentSource& source) : value_(Before(source)), before_(value_) {}
 
   T& value() { return value_; }
-  void Finish(const ArgumentSource& source) {
+  void Finish(const ArgumentSource& source, Ending ending) {
     if (!source.call.Given(source.index)) return;
+    const bool told = ending == Ending::Affirmed && source.parameter.direction == Direction::Out;
     if constexpr (kComparesCheaply<T>) {
-      if (value_ == before_) return;
+      if (value_ == before_ && !told) return;
+    } else {
+      if (ending == Ending::Failed) return;
     }
     Codec<T>::Store(source.call, source.index, value_);
   }
@@ -123,7 +130,7 @@ requires(!std::is_const_v<T>) class Argument<T&> {
 
   explicit Argument(const ArgumentSource& source) : value_(source) {}
   T& Pass() { return value_.value(); }
-  void Finish(const ArgumentSource& source) { value_.Finish(source); }
+  void Finish(const ArgumentSource& source, Ending ending) { value_.Finish(source, ending); }
 
  private:
   WrittenValue<T> value_;
@@ -141,8 +148,8 @@ requires(!Published<T> && !std::is_const_v<T>) class Argument<T*> {
     if (source.call.Given(source.index)) value_.emplace(source);
   }
   T* Pass() { return value_ ? &value_->value() : nullptr; }
-  void Finish(const ArgumentSource& source) {
-    if (value_) value_->Finish(source);
+  void Finish(const ArgumentSource& source, Ending ending) {
+    if (value_) value_->Finish(source, ending);
   }
 
  private:
@@ -159,7 +166,6 @@ class Argument<std::span<const T>> {
 
   explicit Argument(const ArgumentSource& source) : value_(ReadOrDefault<Value>(source)) {}
   std::span<const T> Pass() { return value_; }
-  void Finish(const ArgumentSource& /*source*/) {}
 
  private:
   Value value_;
@@ -177,7 +183,7 @@ class Argument<std::span<std::int32_t>> {
   explicit Argument(const ArgumentSource& source)
       : elements_(ReadOrDefault<Value>(source)), numbers_(elements_.size(), kUnset) {}
   std::span<std::int32_t> Pass() { return numbers_; }
-  void Finish(const ArgumentSource& source) {
+  void Finish(const ArgumentSource& source, Ending /*ending*/) {
     bool changed = false;
     for (std::size_t i = 0; i < numbers_.size(); ++i) {
       if (numbers_[i] == kUnset) continue;

@@ -24,17 +24,50 @@ struct FunctionInvoker<T, E, std::tuple<A...>> {
   using Result = typename E::MemberSignature::Result;
 
   template <std::size_t... I>
-  static void Apply(T& self, Call& call, const Operation& operation, std::index_sequence<I...>) {
+  static void Apply(T& self, Call& call, const Operation& operation, std::index_sequence<I...> positions) {
     const ArgumentSource sources[] = {{call, static_cast<int>(I), operation.parameters[I]}...,
                                       {call, 0, operation.parameters[0]}};
     std::tuple<Argument<A>...> arguments{sources[I]...};
+    if constexpr (!(Argument<A>::kWritesBack || ...)) {
+      Run(self, call, arguments, positions);
+    } else {
+      Ending ending = Ending::Failed;
+      try {
+        ending = Run(self, call, arguments, positions);
+      } catch (...) {
+        (FinishFailed(std::get<I>(arguments), sources[I]), ...);
+        throw;
+      }
+      (Finish(std::get<I>(arguments), sources[I], ending), ...);
+    }
+  }
+
+ private:
+  template <std::size_t... I>
+  static Ending Run(T& self, [[maybe_unused]] Call& call,
+                    [[maybe_unused]] std::tuple<Argument<A>...>& arguments,
+                    std::index_sequence<I...> /*positions*/) {
     if constexpr (std::is_void_v<Result> || E::kKind == Kind::Put || E::kKind == Kind::PutRef) {
       (self.*E::kPointer)(std::get<I>(arguments).Pass()...);
+      return Ending::Done;
     } else {
-      Codec<std::remove_cvref_t<Result>>::Store(call, Call::kResult,
-                                                (self.*E::kPointer)(std::get<I>(arguments).Pass()...));
+      decltype(auto) result = (self.*E::kPointer)(std::get<I>(arguments).Pass()...);
+      Codec<std::remove_cvref_t<Result>>::Store(call, Call::kResult, result);
+      if constexpr (std::is_same_v<Result, bool>) return result ? Ending::Affirmed : Ending::Done;
+      return Ending::Done;
     }
-    (std::get<I>(arguments).Finish(sources[I]), ...);
+  }
+  template <class X>
+  static void Finish(X& argument, const ArgumentSource& source, Ending ending) {
+    if constexpr (X::kWritesBack) argument.Finish(source, ending);
+  }
+  // The operation's own error is the one that is told.
+  template <class X>
+  static void FinishFailed(X& argument, const ArgumentSource& source) noexcept {
+    try {
+      Finish(argument, source, Ending::Failed);
+    } catch (...) {
+    }
   }
 };
 

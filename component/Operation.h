@@ -23,7 +23,8 @@ struct DefaultValue {
 };
 
 // In: read only. InOut: read, and written back when the operation changed it. Out: written back; what the
-// caller's variable held before need not convert.
+// caller's variable held before need not convert. An operation with a value as its Out argument that answers
+// a boolean answers true only when it has written one.
 enum class Direction : std::uint8_t { In, InOut, Out };
 
 struct Parameter {

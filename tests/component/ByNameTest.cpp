@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "component/Argument.h"
 #include "component/ByName.h"
 #include "component/UIFaderValues.h"
 #include "component/ValueArray.h"
@@ -92,6 +93,42 @@ TEST_F(ByNameTest, AnOutArgumentTakesAnyValueAndIsLeftAloneWhenNothingIsWritten)
   Variant kept = u"no number";
   EXPECT_FALSE(CallByName(iterator.AsObject().get(), u"hasNextLong", {ByRef(kept)}).AsBoolean());
   EXPECT_EQ(kept.AsString(), u"no number");
+}
+
+// Whatever stands in a variable until something is written to it, a value that is the same arrives.
+TEST_F(ByNameTest, AnOutArgumentReceivesEveryValueThereIs) {
+  for (const Variant& value : {Variant(Unwritten<std::int32_t>::Make()), Variant(0), Variant(-1)}) {
+    const Ref<Object> list = ListOf({value.AsLong()});
+    const Variant iterator = CallByName(list.get(), u"BeginIter");
+    Variant number = u"no number";
+    EXPECT_TRUE(CallByName(iterator.AsObject().get(), u"hasNextLong", {ByRef(number)}).AsBoolean());
+    ASSERT_EQ(number.kind(), Variant::Kind::Long);
+    EXPECT_EQ(number.AsLong(), value.AsLong());
+  }
+  for (const std::u16string& value : {Unwritten<std::u16string>::Make(), std::u16string()}) {
+    const Ref<Object> list = CreateByName(u"clsObjectList");
+    const Ref<Object> box = CreateByName(u"clsString");
+    PutByName(box.get(), u"value", {In(value)});
+    CallByName(list.get(), u"AddItem", {In(box)});
+    const Variant iterator = CallByName(list.get(), u"BeginIter");
+    Variant text = 17;
+    EXPECT_TRUE(CallByName(iterator.AsObject().get(), u"hasNextString", {ByRef(text)}).AsBoolean());
+    ASSERT_EQ(text.kind(), Variant::Kind::String);
+    EXPECT_EQ(text.AsString(), value);
+  }
+}
+
+TEST_F(ByNameTest, WhatAFailingOperationHadWrittenIsTheCallers) {
+  const Ref<Object> list = ListOf({2});
+  CallByName(list.get(), u"AddItem", {In(CreateByName(u"clsObjectList"))});
+  Variant comparator;
+  EXPECT_RAISES(Error_TypeMismatch, CallByName(list.get(), u"SortInPlace", {ByRef(comparator), In(true)}));
+  ASSERT_EQ(comparator.kind(), Variant::Kind::Object);
+  EXPECT_TRUE(GetByName(comparator.AsObject().get(), u"Reverse").AsBoolean());
+  Variant faders = u"no faders";
+  const Ref<Object> controller = CreateByName(u"clsButtonGroupController");
+  EXPECT_RAISES(Error_TypeMismatch, CallByName(controller.get(), u"GetUIFaderValues", {ByRef(faders)}));
+  EXPECT_EQ(faders.AsString(), u"no faders");
 }
 
 TEST_F(ByNameTest, AnOptionalTextByReferenceReceivesTheNameTaken) {
