@@ -98,6 +98,7 @@ class IdlWriter {
   void Write() {
     out_ << "// The component interfaces of the library. Generated from its tables; do not edit.\n"
             "import \"oaidl.idl\";\n\n";
+    if (dialect_ == IdlDialect::Published) WriteReservedNames();
     WriteAttributes(LibraryId(), "Vestrel component library",
                     "version(" + std::to_string(kLibraryMajor) + "." + std::to_string(kLibraryMinor) + ")" +
                         TextCarriers());
@@ -117,6 +118,13 @@ class IdlWriter {
   }
 
  private:
+  void WriteReservedNames() {
+    for (const std::string_view name : ReservedNames()) {
+      out_ << "// In the type library the argument " << Identifier(name) << " is named " << name
+           << ", which is a word of this language.\n\n";
+    }
+  }
+
   void WriteAttributes(const Guid& id, std::string_view help, std::string_view more) {
     out_ << "[uuid(" << ToText(id) << "), helpstring(" << Quoted(help) << ")" << (more.empty() ? "" : ", ")
          << more << "]\n";

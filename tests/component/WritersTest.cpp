@@ -45,6 +45,8 @@ TEST(IdlWriterTest, PropertyValuesAndMarkedArgumentsTravelByValue) {
 
 TEST(IdlWriterTest, WordsOfTheLanguageAreNoArgumentNames) {
   EXPECT_TRUE(Has(Idl(IdlDialect::Published), "[in, out] long* default_"));
+  EXPECT_TRUE(
+      Has(Idl(IdlDialect::Published), "// In the type library the argument default_ is named default,"));
 }
 
 TEST(IdlWriterTest, TheOtherDialectMarksTextDefaults) {

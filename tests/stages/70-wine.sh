@@ -119,6 +119,14 @@ natively() {
   host "$kills processes ended while they save" $((120 + kills * 20)) "$built/tests/Killed.exe" $kills
 }
 
+# The benchmark of calls, as far as it measures: no figure is judged here, since the machine may be busy.
+calls_are_measured() {
+  run_wine 120 "$work/calls.txt" "$(windows_path "$built/bench/vestrel_bench_calls.exe")" \
+    "$(windows_path "$built/Vestrel.dll")" 3 || return 1
+  tr -d '\r' <"$work/calls.txt" >"$work/calls.rows"
+  python3 bench/report.py "$work/calls.rows" && [ "$(grep -c '^row' "$work/calls.rows")" -ge 5 ]
+}
+
 with_width() {
   local arch=$2
   work=$PWD/build/wine/$1
@@ -131,6 +139,7 @@ with_width() {
   host "every operation, late and early bound" 120 "$built/hosts/EveryOperation.exe" "$(windows_path "$PWD/tests/component/slots.txt")"
   host "late bound: typed variables, names, refusals" 60 "$built/hosts/LateBound.exe"
   host "through the virtual tables, callbacks too" 60 "$built/hosts/EarlyBound.exe"
+  host "handlers of buttons and recorders" 60 "$built/hosts/Handlers.exe"
   host "the type library through the system" 60 "$built/hosts/TypeLibrary.exe" "$(windows_path "$built/Vestrel.dll")" \
     "$(windows_path "$PWD/tests/component/slots.txt")"
   host "hostile and random calls" $((300 + rounds)) \
@@ -147,7 +156,10 @@ with_width() {
   without_registration
   check "the evening from JScript, $wine_bits-bit" evening_from_script
   check "the evening from the workbench for Windows, $wine_bits-bit" evening_natively
-  if [ "$1" = 64 ]; then natively; fi
+  if [ "$1" = 64 ]; then
+    natively
+    check "vestrel_bench_calls measures" calls_are_measured
+  fi
   wine_stop
 }
 
@@ -155,7 +167,7 @@ for width in "64 x86_64" "32 i686"; do
   # shellcheck disable=SC2086
   set -- $width
   targets=(vestrel_hosts vestrel_server vestrel_workbench)
-  if [ "$1" = 64 ]; then targets+=(vestrel_windows_tests); fi
+  if [ "$1" = 64 ]; then targets+=(vestrel_windows_tests vestrel_bench_calls); fi
   build "windows-$2" --target "${targets[@]}"
   with_width "$1" "$2"
 done
