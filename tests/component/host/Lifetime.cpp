@@ -156,11 +156,15 @@ class ThreadPredicate final : public EarlyHost<_IObjectPredicate> {
 struct Crossing {
   IStream* stream = nullptr;
   DWORD model = COINIT_MULTITHREADED;
+  void (*use)(Crossing& crossing) = nullptr;
   DWORD callbackThread = 0;
   LONG size = -1;
   LONG found = -1;
   std::wstring joined;
   HRESULT failure = S_OK;
+  HRESULT withNulls = S_OK;
+  HRESULT withValues = S_OK;
+  TUIFaderValues faders{};
   HRESULT code = E_UNEXPECTED;
 };
 
@@ -181,15 +185,28 @@ void UseList(Crossing& crossing) {
   V_ERROR(&leftOut) = DISP_E_PARAMNOTFOUND;
   list->JoinStrings(Text(L"-").by(), &leftOut, joined.out());
   crossing.joined = joined.str();
+  crossing.withNulls = list->SortInPlace(nullptr, nullptr, nullptr);
+  _IObjectComparator* comparator = nullptr;
+  crossing.withValues = list->SortInPlace(&comparator, By(false), Text(L"all").by());
   SAFEARRAY* array = nullptr;
   list->Clear();
   crossing.failure = list->AsArray(&array);
 }
 
+// The record travels there and back.
+void UseFaders(Crossing& crossing) {
+  Pointer<_clsButtonGroupController> controller;
+  crossing.code = CoGetInterfaceAndReleaseStream(crossing.stream, __uuidof(_clsButtonGroupController),
+                                                 reinterpret_cast<void**>(controller.out()));
+  if (FAILED(crossing.code)) return;
+  crossing.faders.GroupFaders[0] = 77;
+  crossing.code = controller->GetUIFaderValues(&crossing.faders);
+}
+
 DWORD WINAPI OtherApartment(void* data) {
   auto& crossing = *static_cast<Crossing*>(data);
   CoInitializeEx(nullptr, crossing.model);
-  UseList(crossing);
+  crossing.use(crossing);
   CoUninitialize();
   return 0;
 }
@@ -203,6 +220,7 @@ void FromAnotherApartment(DWORD model) {
   list->AddItem(item.by(), &at);
   Crossing crossing;
   crossing.model = model;
+  crossing.use = UseList;
   CHECK_EQ(CoMarshalInterThreadInterfaceInStream(__uuidof(_clsObjectList), list.get(), &crossing.stream),
            S_OK);
   DWORD other = 0;
@@ -214,6 +232,23 @@ void FromAnotherApartment(DWORD model) {
   CHECK(crossing.callbackThread != mainThread);
   CHECK_EQ(crossing.joined, L"only");
   CHECK_EQ(crossing.failure, static_cast<HRESULT>(0x800A0009));
+  CHECK_EQ(crossing.withNulls, HRESULT_FROM_WIN32(RPC_X_NULL_REF_POINTER));
+  CHECK_EQ(crossing.withValues, S_OK);
+}
+
+void FadersFromAnotherApartment() {
+  Stage stage;
+  stage.log.Taken();
+  Crossing crossing;
+  crossing.use = UseFaders;
+  CHECK_EQ(CoMarshalInterThreadInterfaceInStream(__uuidof(_clsButtonGroupController), stage.controller.get(),
+                                                 &crossing.stream),
+           S_OK);
+  WaitFor(CreateThread(nullptr, 0, OtherApartment, &crossing, 0, nullptr));
+  CHECK_EQ(crossing.code, S_OK);
+  CHECK_EQ(stage.log.Taken(), L"GetUIFaderValues(77);");
+  CHECK_EQ(crossing.faders.GroupFaders[7], 80L);
+  CHECK_EQ(crossing.faders.BumpFaders[0], 1L);
 }
 
 // An object made in an apartment that is no home for it.
@@ -338,6 +373,7 @@ int Run(const wchar_t* folder) {
   LetGoDuringACall();
   FromAnotherApartment(COINIT_APARTMENTTHREADED);
   FromAnotherApartment(COINIT_MULTITHREADED);
+  FadersFromAnotherApartment();
   MadeElsewhere();
   return Totals("lifetime");
 }
