@@ -165,18 +165,19 @@ bool clsButton::SetFaderValue(std::int32_t value, bool updateUI) {
 
 void clsButton::saveToINI(clsIniFile* iniFile) {
   if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
-  std::u16string line =
-      ButtonLineText({name, buttonType, playState_, bumpMode_, faderMode_, faderValue(), locked_});
-  iniFile->WriteString(kLineKey, line);
+  TextBuffer text;
+  AppendButtonLine({name, buttonType, playState_, bumpMode_, faderMode_, faderValue(), locked_}, text);
+  iniFile->WriteText(kLineKey, text.view());
 }
 
 void clsButton::loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::int32_t pButtonIndex) {
   if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
-  const std::u16string text = iniFile->ReadString(kLineKey, u"");
+  TextBuffer text;
+  iniFile->ReadText(kLineKey, u"", text);
   groupIndex = pGroupIndex;
   buttonIndex = pButtonIndex;
   ButtonLine line;
-  if (!ParseButtonLine(text, line)) {
+  if (!ParseButtonLine(text.view(), line)) {
     modLog::Log(u"skipping button load -- incorrect number of fields in INI", LogLevel_2_WARNING);
     return;
   }
@@ -230,7 +231,7 @@ void clsButton::NotifyFaderValue(bool updateUI) {
 
 void clsButton::TakeLine(const ButtonLine& line) {
   const Ref<clsButton> self(this);
-  name = line.name;
+  name = std::u16string(line.name);
   buttonType = line.buttonType;
   bumpMode_ = line.bumpMode;
   faderMode_ = line.faderMode;

@@ -25,8 +25,20 @@ bool IsFaderNumber(std::int32_t number) noexcept {
   return number >= 1 && number <= 8;
 }
 
-std::u16string SectionName(std::int32_t groupIndex) {
-  return u"ButtonGroup" + LongToText(groupIndex);
+// Raises 9 for what is no group.
+std::u16string_view SectionName(std::int32_t groupIndex) {
+  static constexpr std::array<std::u16string_view, kGroups> kNames{
+      u"ButtonGroup0", u"ButtonGroup1", u"ButtonGroup2", u"ButtonGroup3", u"ButtonGroup4",
+      u"ButtonGroup5", u"ButtonGroup6", u"ButtonGroup7", u"ButtonGroup8", u"ButtonGroup9"};
+  if (groupIndex < 0 || groupIndex >= kGroups) RaiseError(Error_SubscriptOutOfRange);
+  return kNames[static_cast<std::size_t>(groupIndex)];
+}
+
+void UseButton(clsIniFile& file, std::int32_t buttonIndex) {
+  TextBuffer prefix;
+  prefix.Append(u"Button");
+  prefix.AppendDecimal(buttonIndex);
+  file.UseKeyPrefix(prefix.view());
 }
 
 // A copy, since the host may replace the list from within a callback.
@@ -207,8 +219,9 @@ void clsPage::WriteUsedIndices(std::int32_t groupIndex) {
 }
 
 void clsPage::WriteButton(clsButton& button) {
-  File().UseKeyPrefix(u"Button" + LongToText(button.buttonIndex));
-  button.saveToINI(&File());
+  clsIniFile& file = File();
+  UseButton(file, button.buttonIndex);
+  button.saveToINI(&file);
 }
 
 void clsPage::WriteGroup(std::int32_t groupIndex, bool withButtons) {
@@ -239,11 +252,12 @@ void clsPage::LoadGroup(std::int32_t groupIndex) {
 
 void clsPage::LoadButton(std::int32_t groupIndex, std::int32_t buttonIndex) {
   // The section again: the callbacks of the button before may have used the file.
-  File().UseSection(SectionName(groupIndex));
-  File().UseKeyPrefix(u"Button" + LongToText(buttonIndex));
+  clsIniFile& file = File();
+  file.UseSection(SectionName(groupIndex));
+  UseButton(file, buttonIndex);
   const auto button = MakeRef<clsButton>();
   button->Init(controller_.Lock().get(), this);
-  button->loadFromINI(&File(), groupIndex, buttonIndex);
+  button->loadFromINI(&file, groupIndex, buttonIndex);
   ButtonsOf(*Group(groupIndex))->AddItem(button.get());
 }
 

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 #include <utility>
 
 #include "core/FileError.h"
 #include "storage/ProfileChange.h"
 #include "storage/ProfileLines.h"
+#include "storage/ProfileText.h"
 #include "storage/Utf16Text.h"
 #include "storage/clsIniFile.h"
 
@@ -14,9 +16,6 @@ namespace vestrel {
 namespace {
 
 thread_local IniBatch* innermost = nullptr;
-
-// Those of a click and of a fader.
-constexpr std::size_t kUsualEdits = 2;
 
 // Quicker than the text's own comparison, which takes one unit at a time.
 bool SamePath(std::u16string_view a, std::u16string_view b) noexcept {
@@ -60,16 +59,15 @@ bool IniBatch::IsBrokenOff() const noexcept {
 void IniBatch::Drop() noexcept {
   IniBatch& gathering = outer_ != nullptr ? *outer_ : *this;
   const std::size_t kept = gathering.commits_ == commitsBefore_ ? editsBefore_ : 0;
-  gathering.edits_.erase(gathering.edits_.begin() + static_cast<std::ptrdiff_t>(kept),
-                         gathering.edits_.end());
+  gathering.edits_.Shorten(kept);
 }
 
 bool IniBatch::Commit() {
   if (outer_ != nullptr) return outer_->Commit();
   Forget();
   ++commits_;
-  const std::vector<ProfileEdit> edits = std::exchange(edits_, {});
-  return edits.empty() || ProfileFile(fileName_).Commit(edits, sync_) == platform::FileStatus::Ok;
+  const ProfileEdits edits = std::exchange(edits_, {});
+  return edits.empty() || ProfileFile(fileName_).Commit(edits.view(), sync_) == platform::FileStatus::Ok;
 }
 
 void IniBatch::RequireReadable() {
@@ -86,25 +84,27 @@ IniBatch* IniBatch::OpenFor(std::u16string_view fileName) noexcept {
   return nullptr;
 }
 
-void IniBatch::Add(ProfileEdit edit) {
-  if (edits_.empty()) edits_.reserve(kUsualEdits);
-  edits_.push_back(std::move(edit));
+void IniBatch::Add(const ProfileEdit& edit) {
+  edits_.Add(edit);
+}
+
+std::optional<std::string_view> IniBatch::Find(std::string_view section, std::string_view key,
+                                               std::optional<std::string>& own) {
+  Load();
+  if (edits_.empty() && index_) return index_->Find(section, key);
+  return FindAmongPending(section, key, own);
 }
 
 // Where the pending writes are plain the last one of the key tells; otherwise they are made on a copy.
-std::optional<std::string> IniBatch::Find(std::string_view section, std::string_view key) {
-  Load();
-  if (!edits_.empty()) {
-    if (!ProfileText::ArePlain(edits_)) {
-      return FindInFile(EditedFile(bytes_.view(), edits_), section, key);
-    }
-    const auto pending = std::find_if(edits_.rbegin(), edits_.rend(),
-                                      [&](const ProfileEdit& edit) { return Concerns(edit, section, key); });
-    if (pending != edits_.rend()) return std::string(profile::ReadableValue(*pending->value));
-  }
-  if (!index_) return FindInFile(bytes_.view(), section, key);
-  const auto value = index_->Find(section, key);
-  return value ? std::optional<std::string>(*value) : std::nullopt;
+std::optional<std::string_view> IniBatch::FindAmongPending(std::string_view section, std::string_view key,
+                                                           std::optional<std::string>& own) {
+  const std::span<const ProfileEdit> edits = edits_.view();
+  if (!ProfileText::ArePlain(edits)) return own = FindInFile(EditedFile(bytes_.view(), edits), section, key);
+  const auto pending = std::find_if(edits.rbegin(), edits.rend(),
+                                    [&](const ProfileEdit& edit) { return Concerns(edit, section, key); });
+  if (pending != edits.rend()) return profile::ReadableValue(*pending->value);
+  if (index_) return index_->Find(section, key);
+  return own = FindInFile(bytes_.view(), section, key);
 }
 
 void IniBatch::Load() {

@@ -12,12 +12,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "storage/FileIo.h"
+#include "storage/ProfileEdits.h"
 #include "storage/ProfileFile.h"
 #include "storage/ProfileIndex.h"
-#include "storage/ProfileText.h"
 
 namespace vestrel {
 
@@ -48,14 +47,18 @@ class IniBatch {
   static IniBatch* OpenFor(std::u16string_view fileName) noexcept;
 
   // For modIniFile: names and values in the narrow page.
-  void Add(ProfileEdit edit);
-  std::optional<std::string> Find(std::string_view section, std::string_view key);
+  void Add(const ProfileEdit& edit);
+  // The value lies in `own` or in the batch, until the batch is used again.
+  std::optional<std::string_view> Find(std::string_view section, std::string_view key,
+                                       std::optional<std::string>& own);
 
  private:
   // Whether an error ends a save half way. During a load it is others that write, each for itself.
   bool IsBrokenOff() const noexcept;
   // Drops what was gathered since this batch was opened.
   void Drop() noexcept;
+  std::optional<std::string_view> FindAmongPending(std::string_view section, std::string_view key,
+                                                   std::optional<std::string>& own);
   void Load();
   void Forget();
 
@@ -69,7 +72,7 @@ class IniBatch {
   // Of the batch this one joined, when it did.
   std::size_t editsBefore_ = 0;
   int commitsBefore_ = 0;
-  std::vector<ProfileEdit> edits_;
+  ProfileEdits edits_;
   bool loaded_ = false;
   platform::FileStatus readStatus_ = platform::FileStatus::Ok;
   FileBytes bytes_;

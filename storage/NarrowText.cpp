@@ -1,8 +1,10 @@
 #include "storage/NarrowText.h"
 
+#include <cstring>
 #include <set>
 #include <utility>
 
+#include "platform/Ascii.h"
 #include "platform/Platform.h"
 #include "util/modLog.h"
 
@@ -15,13 +17,36 @@ std::string NarrowText::operator()(std::u16string_view text) {
   return bytes;
 }
 
-void NarrowText::WarnOfLosses() {
-  if (lossy_.empty() || !modLog::GetLogger()) return;
+void NarrowText::Warn() {
+  if (!modLog::GetLogger()) return;
   thread_local std::set<std::u16string> warnedOf;
   for (std::u16string& text : std::exchange(lossy_, {})) {
     if (!warnedOf.insert(text).second) continue;
     modLog::LogFormat(LogLevel_2_WARNING,
                       u"the system's code page lacks characters of [%s]; written as \"?\"", text);
+  }
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): nothing of short_ is read but what was written
+NarrowCopy::NarrowCopy(NarrowText& narrow, std::u16string_view text) {
+  if (text.size() <= kShort && platform::CopyAscii(text, short_)) {
+    view_ = {short_, text.size()};
+  } else {
+    view_ = long_ = narrow(text);
+  }
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
+NarrowCopy::NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back) {
+  const std::string_view first = front.ascii();
+  if (!front.isAscii() || first.size() + back.size() > kShort ||
+      !platform::CopyAscii(back, short_ + first.size())) {
+    view_ = long_ = narrow(front.text().append(back));
+  } else if (back.empty()) {
+    view_ = first;
+  } else {
+    std::memcpy(short_, first.data(), first.size());
+    view_ = {short_, first.size() + back.size()};
   }
 }
 

@@ -6,16 +6,43 @@
 #include <string_view>
 #include <vector>
 
+#include "storage/KeptName.h"
+
 namespace vestrel {
 
 class NarrowText {
  public:
   std::string operator()(std::u16string_view text);
   // Logs the texts that lost something since the last call, each once a thread. Raises what the log raises.
-  void WarnOfLosses();
+  void WarnOfLosses() {
+    if (!lossy_.empty()) Warn();
+  }
 
  private:
+  void Warn();
+
   std::vector<std::u16string> lossy_;
+};
+
+// One text in the narrow page. Takes no memory where it is short and all ASCII, as names and values nearly
+// always are. Lives for the length of one call, and no longer than what it was made of.
+class NarrowCopy {
+ public:
+  // What the page lacks is noted in `narrow`.
+  NarrowCopy(NarrowText& narrow, std::u16string_view text);
+  NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back = {});
+  NarrowCopy(const NarrowCopy&) = delete;
+  NarrowCopy& operator=(const NarrowCopy&) = delete;
+  ~NarrowCopy() = default;
+
+  std::string_view view() const noexcept { return view_; }
+
+ private:
+  static constexpr std::size_t kShort = 256;
+
+  std::string_view view_;
+  std::string long_;
+  char short_[kShort];  // not cleared
 };
 
 }  // namespace vestrel

@@ -3,12 +3,18 @@
 #include <algorithm>
 
 #include "platform/Platform.h"
+#include "storage/ProfilePlan.h"
+#include "storage/ProfileSplice.h"
+#include "storage/ProfileText.h"
 #include "storage/Utf16Text.h"
 
 namespace vestrel {
 namespace {
 
 using Kind = ProfileChange::Kind;
+
+// Stretches up to this length are compared before the whole file is made.
+constexpr std::size_t kComparedAlone = 4 * kSectorSize;
 
 std::string FromPage(std::string_view bytes) {
   return utf16::FromText(platform::encoding().Widen(bytes));
@@ -19,11 +25,24 @@ std::string ToPage(std::string_view text) {
   return platform::encoding().Narrow(utf16::ToText(text), lossy);
 }
 
+// The edits in the form that the text of a file in UTF-16 has.
+ProfileEdits InUtf16(std::span<const ProfileEdit> edits) {
+  ProfileEdits result;
+  for (const ProfileEdit& edit : edits) {
+    const std::string section = FromPage(edit.section);
+    const std::string key = FromPage(edit.key);
+    const std::string value = edit.value ? FromPage(*edit.value) : std::string();
+    result.Add({section, key, edit.value ? std::optional<std::string_view>(value) : std::nullopt});
+  }
+  return result;
+}
+
 std::string Edited(std::string_view text, std::span<const ProfileEdit> edits) {
   std::string result(text);
   while (!edits.empty()) {
     const std::size_t length = ProfileText::RunLength(edits);
-    result = Spliced(result, ProfileText(result).Plan(edits.first(length)));
+    const ProfilePlan plan(result, edits.first(length));
+    result = Spliced(result, 0, result.size(), plan.splices());
     edits = edits.subspan(length);
   }
   return result;
@@ -48,14 +67,6 @@ std::size_t EqualBack(std::string_view a, std::string_view b) {
   return static_cast<std::size_t>(std::mismatch(a.rbegin(), a.rend(), b.rbegin()).first - a.rbegin());
 }
 
-// The text from the first splice to the end of the last.
-std::string Between(std::string_view file, std::span<const ProfileSplice> splices) {
-  const std::size_t first = splices.front().offset;
-  std::vector<ProfileSplice> local(splices.begin(), splices.end());
-  for (ProfileSplice& splice : local) splice.offset -= first;
-  return Spliced(file.substr(first, splices.back().offset + splices.back().length - first), local);
-}
-
 ProfileChange Whole(std::string bytes) {
   return {Kind::Whole, 0, std::move(bytes)};
 }
@@ -78,17 +89,27 @@ ProfileChange ChangeOf(std::string_view file, std::string now) {
   return change;
 }
 
-// Only the stretch from the first splice to the last is looked at; the rest of a large file is not copied.
+// Where the splices keep the file's length. Only the stretch [first, end) from the first splice to the last
+// is looked at; it is all that is copied of a large file where it is so short that it may well go in place.
+ProfileChange ChangeInside(std::string_view file, std::size_t first, std::size_t end,
+                           std::span<const ProfileSplice> splices) {
+  const std::string_view was = file.substr(first, end - first);
+  if (was.size() > kComparedAlone) {
+    std::string now = Spliced(file, 0, file.size(), splices);
+    ProfileChange change = InPlace(first, was, std::string_view(now).substr(first, was.size()));
+    if (change.kind == Kind::Whole) change.bytes = std::move(now);
+    return change;
+  }
+  ProfileChange change = splices.size() == 1 ? InPlace(first, was, splices.front().text)
+                                             : InPlace(first, was, Spliced(file, first, end, splices));
+  if (change.kind == Kind::Whole) change.bytes = Spliced(file, 0, file.size(), splices);
+  return change;
+}
+
 ProfileChange ChangeOf(std::string_view file, std::span<const ProfileSplice> splices) {
   if (splices.empty()) return {};
-  if (!KeepsLength(splices)) return Whole(Spliced(file, splices));
-  const std::size_t first = splices.front().offset;
-  const std::size_t end = splices.back().offset + splices.back().length;
-  const std::string_view was = file.substr(first, end - first);
-  ProfileChange change = splices.size() == 1 ? InPlace(first, was, splices.front().text)
-                                             : InPlace(first, was, Between(file, splices));
-  if (change.kind == Kind::Whole) change.bytes = Spliced(file, splices);
-  return change;
+  if (!KeepsLength(splices)) return Whole(Spliced(file, 0, file.size(), splices));
+  return ChangeInside(file, splices.front().offset, splices.back().offset + splices.back().length, splices);
 }
 
 }  // namespace
@@ -97,7 +118,7 @@ ProfileChange PlanChange(std::string_view file, std::span<const ProfileEdit> edi
   if (edits.empty()) return {};
   const bool narrow = !utf16::HasMark(file);
   if (narrow && ProfileText::RunLength(edits) == edits.size()) {
-    return ChangeOf(file, ProfileText(file).Plan(edits));
+    return ChangeOf(file, ProfilePlan(file, edits).splices());
   }
   return ChangeOf(file, EditedFile(file, edits));
 }
@@ -105,7 +126,7 @@ ProfileChange PlanChange(std::string_view file, std::span<const ProfileEdit> edi
 std::string EditedFile(std::string_view file, std::span<const ProfileEdit> edits) {
   if (!utf16::HasMark(file)) return Edited(file, edits);
   const std::string text = utf16::Decode(file);
-  std::string now = Edited(text, EditsForFile(file, edits));
+  std::string now = Edited(text, InUtf16(edits).view());
   if (now == text) return std::string(file);
   if (text.empty()) now.insert(0, "\r\n");  // the mark counts as a line without an end
   return utf16::Encode(now);
@@ -119,16 +140,6 @@ std::optional<std::string> FindInFile(std::string_view file, std::string_view se
   }
   const auto value = ProfileText(file).Find(section, key);
   return value ? std::optional<std::string>(*value) : std::nullopt;
-}
-
-std::vector<ProfileEdit> EditsForFile(std::string_view file, std::span<const ProfileEdit> edits) {
-  std::vector<ProfileEdit> result(edits.begin(), edits.end());
-  if (!utf16::HasMark(file)) return result;
-  for (ProfileEdit& edit : result) {
-    edit = {FromPage(edit.section), FromPage(edit.key),
-            edit.value ? std::optional(FromPage(*edit.value)) : std::nullopt};
-  }
-  return result;
 }
 
 }  // namespace vestrel

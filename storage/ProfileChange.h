@@ -7,9 +7,8 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "storage/ProfileText.h"
+#include "storage/ProfileEdits.h"
 
 namespace vestrel {
 
@@ -32,8 +31,5 @@ std::optional<std::string> FindInFile(std::string_view file, std::string_view se
 
 // The file's bytes after the edits.
 std::string EditedFile(std::string_view file, std::span<const ProfileEdit> edits);
-
-// The edits in the form that the text of `file` has: for a file in UTF-16 no longer in the narrow page.
-std::vector<ProfileEdit> EditsForFile(std::string_view file, std::span<const ProfileEdit> edits);
 
 }  // namespace vestrel

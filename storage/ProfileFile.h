@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "platform/Files.h"
-#include "storage/ProfileText.h"
+#include "storage/ProfileEdits.h"
 
 namespace vestrel {
 

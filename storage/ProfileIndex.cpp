@@ -9,82 +9,47 @@ using profile::LineKind;
 
 namespace {
 
-constexpr std::size_t kSmallest = 64;
+// The scope of sections.
+constexpr std::uint32_t kSections = NameTable::kNone;
 
-// Ends the section's name in a hash; no name can hold it.
-constexpr char kDivider = '\n';
-
-std::uint64_t Hash(std::uint64_t hash, std::string_view name) {
-  for (char c : name) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-  }
-  return hash;
-}
-
-std::uint64_t Hash(std::string_view section, std::string_view key) {
-  const std::uint64_t hash = Hash(Hash(0xCBF29CE484222325U, section), std::string_view(&kDivider, 1));
-  return Hash(hash, key) * 0x9E3779B97F4A7C15U;
-}
+// Lines of a page file are mostly longer.
+constexpr std::size_t kShortLine = 40;
 
 }  // namespace
 
-ProfileIndex::ProfileIndex(std::string_view text) : text_(text), slots_(kSmallest) {
+ProfileIndex::ProfileIndex(std::string_view text) : text_(text) {
+  names_.Reserve(text.size() / kShortLine);
+  values_.reserve(text.size() / kShortLine);
   for (std::size_t at = profile::NextSection(text, 0); at < text.size();) {
     AddSection(at);
-    at = profile::NextSection(text, profile::ReadLine(text, at).next);
+    at = profile::NextSection(text, profile::NextLine(text, at));
   }
 }
 
-std::optional<std::string_view> ProfileIndex::Find(std::string_view section, std::string_view key) const {
+std::optional<std::string_view> ProfileIndex::Find(std::string_view section, std::string_view key) {
   section = profile::TrimSpaces(section);
   key = profile::TrimSpaces(key);
-  const std::uint32_t entry = slots_[SlotOf(section, key, Hash(section, key))];
-  return entry == 0 ? std::nullopt : std::optional(profile::ReadableValue(entries_[entry - 1].value));
+  if (!names_.IsAt(section_, kSections, section)) section_ = names_.Find(kSections, section);
+  if (section_ == NameTable::kNone) return std::nullopt;
+  const bool isNext = names_.IsAt(last_ + 1, section_, key);
+  const std::uint32_t found = isNext ? last_ + 1 : names_.Find(section_, key);
+  if (found == NameTable::kNone) return std::nullopt;
+  last_ = found;
+  return profile::ReadableValue(values_[found]);
 }
 
-// A section holds an entry of its own, with a key that no line can have, so that a second one of its name is
-// known and left out.
 void ProfileIndex::AddSection(std::size_t begin) {
   const Line header = profile::ReadLine(text_, begin);
-  const std::string_view mark(&kDivider, 1);
-  const std::uint64_t hash = Hash(header.name, mark);
-  if (slots_[SlotOf(header.name, mark, hash)] != 0) return;
-  Add({header.name, mark, {}, hash});
+  const std::uint32_t section = names_.Add(kSections, header.name);
+  if (section < values_.size()) return;  // the first one counts
+  values_.emplace_back();
   for (std::size_t at = header.next; at < text_.size();) {
     const Line line = profile::ReadLine(text_, at);
     if (line.kind == LineKind::Section) return;
-    if (line.kind == LineKind::Key) Add({header.name, line.name, line.value, Hash(header.name, line.name)});
+    if (line.kind == LineKind::Key && names_.Add(section, line.name) == values_.size())
+      values_.push_back(line.value);
     at = line.next;
   }
-}
-
-void ProfileIndex::Add(const Entry& entry) {
-  std::uint32_t& slot = slots_[SlotOf(entry.section, entry.key, entry.hash)];
-  if (slot != 0) return;  // the first one counts
-  entries_.push_back(entry);
-  slot = static_cast<std::uint32_t>(entries_.size());
-  if (entries_.size() * 2 > slots_.size()) Grow();
-}
-
-void ProfileIndex::Grow() {
-  slots_.assign(slots_.size() * 2, 0);
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const Entry& entry = entries_[i];
-    slots_[SlotOf(entry.section, entry.key, entry.hash)] = static_cast<std::uint32_t>(i + 1);
-  }
-}
-
-std::size_t ProfileIndex::SlotOf(std::string_view section, std::string_view key, std::uint64_t hash) const {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = static_cast<std::size_t>(hash >> 32U) & mask;
-  while (slots_[slot] != 0) {
-    const Entry& entry = entries_[slots_[slot] - 1];
-    if (entry.hash == hash && profile::SameName(entry.key, key) && profile::SameName(entry.section, section))
-      break;
-    slot = (slot + 1) & mask;
-  }
-  return slot;
 }
 
 }  // namespace vestrel

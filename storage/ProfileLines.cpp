@@ -1,5 +1,6 @@
 #include "storage/ProfileLines.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -7,28 +8,35 @@
 namespace vestrel::profile {
 namespace {
 
+constexpr std::size_t kBlock = sizeof(std::uint64_t);
 constexpr std::uint64_t kEachByte = 0x0101010101010101U;
 
 char Fold(char c) noexcept {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
-// The highest bit of each byte that is 0: right up to the first such byte from the low end.
-std::uint64_t ZeroBytes(std::uint64_t block) noexcept {
-  return (block - kEachByte) & ~block & (kEachByte << 7U);
+std::uint64_t BlockAt(std::string_view text, std::size_t at) noexcept {
+  std::uint64_t block = 0;
+  std::memcpy(&block, text.data() + at, kBlock);
+  return block;
 }
 
-// The first line end at or after `at`; the text's size when there is none. Most of the cost of a change is
-// here, so it looks at eight bytes at a time where the first byte is the low end.
+// The highest bit of each byte below 16, exactly up to the first such byte from the low end. In text these
+// are line ends and hardly anything else.
+std::uint64_t LowBytes(std::uint64_t block) noexcept {
+  return (block - (kEachByte << 4U)) & ~block & (kEachByte << 7U);
+}
+
+// The first line end at or after `at`; the text's size when there is none. Much of the cost of reading and of
+// changing a file is here, so it looks at eight bytes at a time where the first byte is the low end.
 std::size_t FindLineEnd(std::string_view text, std::size_t at) noexcept {
   if constexpr (std::endian::native == std::endian::little) {
-    constexpr std::size_t kBlock = sizeof(std::uint64_t);
-    for (; at + kBlock <= text.size(); at += kBlock) {
-      std::uint64_t block = 0;
-      std::memcpy(&block, text.data() + at, kBlock);
-      const std::uint64_t ends =
-          ZeroBytes(block ^ ('\r' * kEachByte)) | ZeroBytes(block ^ ('\n' * kEachByte));
-      if (ends != 0) return at + static_cast<unsigned>(std::countr_zero(ends)) / 8;
+    while (at + kBlock <= text.size()) {
+      const std::uint64_t low = LowBytes(BlockAt(text, at));
+      at += low == 0 ? kBlock : static_cast<unsigned>(std::countr_zero(low)) / 8;
+      if (low == 0) continue;
+      if (IsLineEnd(text[at])) return at;
+      ++at;
     }
   }
   while (at < text.size() && !IsLineEnd(text[at])) ++at;
@@ -55,8 +63,12 @@ void ReadKey(Line& line, std::string_view content, std::size_t divider) noexcept
 
 }  // namespace
 
+// The last eight bytes overlap those before.
 bool HasLineEnd(std::string_view text) noexcept {
-  return FindLineEnd(text, 0) < text.size();
+  if (text.size() < kBlock) return std::any_of(text.begin(), text.end(), IsLineEnd);
+  std::uint64_t low = LowBytes(BlockAt(text, text.size() - kBlock));
+  for (std::size_t at = 0; at + kBlock < text.size(); at += kBlock) low |= LowBytes(BlockAt(text, at));
+  return low != 0 && FindLineEnd(text, 0) < text.size();
 }
 
 std::string_view TrimBlanks(std::string_view text) noexcept {
@@ -73,11 +85,12 @@ std::string_view TrimSpaces(std::string_view text) noexcept {
 
 bool SameName(std::string_view a, std::string_view b) noexcept {
   if (a.size() != b.size()) return false;
-  // Names that differ mostly do so at an end.
+  // Names that differ mostly do so at an end, and those that do not are mostly spelled alike.
   if (a.size() >= kCompared &&
       (DifferBeyondCase(a.data(), b.data()) ||
        DifferBeyondCase(a.data() + a.size() - kCompared, b.data() + b.size() - kCompared)))
     return false;
+  if (a == b) return true;
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (a[i] != b[i] && Fold(a[i]) != Fold(b[i])) return false;
   }

@@ -1,8 +1,6 @@
 #include "storage/ProfilePlan.h"
 
 #include <algorithm>
-#include <optional>
-#include <utility>
 
 namespace vestrel {
 
@@ -13,80 +11,101 @@ namespace {
 
 constexpr std::size_t kSearchedThrough = 8;
 
-std::string Folded(std::string_view name) {
-  std::string folded(name);
-  for (char& c : folded) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-  }
-  return folded;
+// The scope of sections in their own table.
+constexpr std::uint32_t kSections = 0;
+
+void AppendKeyLine(std::string& lines, std::string_view name, std::string_view value) {
+  lines.append(name).append("=").append(value).append("\r\n");
 }
 
-std::string KeyLine(std::string_view name, std::string_view value) {
-  std::string line;
-  line.reserve(name.size() + value.size() + 3);
-  return line.append(name).append("=").append(value).append("\r\n");
+// Whether the line is as it would be written, but for its value.
+bool IsWrittenForm(std::string_view text, const Line& line) {
+  return line.name.data() == text.data() + line.begin &&
+         line.name.data() + line.name.size() + 1 == line.value.data() && line.next == line.end + 2;
 }
 
 }  // namespace
 
-ProfilePlan::ProfilePlan(std::string_view text)
-    : text_(text), endIsOpen_(!text.empty() && !profile::IsLineEnd(text.back())) {}
-
-void ProfilePlan::Make(std::span<const ProfileEdit> run) {
-  for (const ProfileEdit& edit : run) Add(GroupOf(profile::TrimSpaces(edit.section)), edit);
-  std::vector<std::pair<Group*, Line>> present;
-  for (Group& group : groups_) present.emplace_back(&group, profile::FindSection(text_, group.section));
-  if (present.size() > 1) {
-    std::stable_sort(present.begin(), present.end(),
-                     [](const auto& a, const auto& b) { return a.second.begin < b.second.begin; });
+ProfilePlan::ProfilePlan(std::string_view text, std::span<const ProfileEdit> run)
+    : text_(text),
+      endIsOpen_(!text.empty() && !profile::IsLineEnd(text.back())),
+      usesTables_(run.size() > kSearchedThrough) {
+  entries_.reserve(run.size());
+  splices_.reserve(run.size());
+  if (usesTables_) keys_.Reserve(run.size());
+  for (const ProfileEdit& edit : run) Add(edit);
+  EditSections();
+  for (const Group& group : groups_) {
+    if (!group.isThere) AddSection(group);
   }
-  for (auto& [group, header] : present) {
-    if (header.begin < text_.size()) {
-      EditSection(*group, header);
-    } else {
-      AddSection(*group);
-    }
-  }
-}
-
-ProfilePlan::Group& ProfilePlan::GroupOf(std::string_view section) {
-  for (Group& group : groups_) {
-    if (profile::SameName(group.section, section)) return group;
-  }
-  groups_.emplace_back().section = section;
-  return groups_.back();
 }
 
 // A later value of a key takes the place of an earlier one, which keeps its spelling.
-void ProfilePlan::Add(Group& group, const ProfileEdit& edit) {
+void ProfilePlan::Add(const ProfileEdit& edit) {
+  const std::string_view section = profile::TrimSpaces(edit.section);
   const std::string_view key = profile::TrimSpaces(edit.key);
-  const std::string* value = edit.value ? &*edit.value : nullptr;
-  if (Entry* earlier = Find(group, key)) {
-    earlier->value = value;
+  const bool sameAgain = !groups_.empty() && groups_.back().section == section;
+  Number number = sameAgain ? static_cast<Number>(groups_.size() - 1) : FindGroup(section);
+  if (number == kNone) number = AddGroup(section);
+  const auto entry = static_cast<Number>(entries_.size());
+  const Number earlier = usesTables_ ? keys_.Add(number, key) : FindEntry(number, key);
+  if (earlier < entry) {
+    entries_[earlier].value = edit.value;
     return;
   }
-  group.entries.push_back({key, value, false});
-  if (group.entries.size() <= kSearchedThrough) return;
-  if (group.byKey.empty()) {
-    for (std::size_t i = 0; i + 1 < group.entries.size(); ++i)
-      group.byKey.emplace(Folded(group.entries[i].key), i);
-  }
-  group.byKey.emplace(Folded(key), group.entries.size() - 1);
+  entries_.push_back({key, edit.value, number});
+  Group& group = groups_[number];
+  (group.count == 0 ? group.first : entries_[group.last].next) = entry;
+  group.last = entry;
+  ++group.count;
 }
 
-ProfilePlan::Entry* ProfilePlan::Find(Group& group, std::string_view key) {
-  if (!group.byKey.empty()) {
-    const auto found = group.byKey.find(Folded(key));
-    return found == group.byKey.end() ? nullptr : &group.entries[found->second];
-  }
-  for (Entry& entry : group.entries) {
-    if (profile::SameName(entry.key, key)) return &entry;
-  }
-  return nullptr;
+ProfilePlan::Number ProfilePlan::AddGroup(std::string_view section) {
+  groups_.emplace_back().section = section;
+  if (usesTables_) sections_.Add(kSections, section);
+  return static_cast<Number>(groups_.size() - 1);
 }
 
-void ProfilePlan::EditSection(Group& group, const Line& header) {
-  std::size_t open = group.entries.size();
+ProfilePlan::Number ProfilePlan::FindGroup(std::string_view section) const {
+  if (usesTables_) return sections_.Find(kSections, section);
+  const auto found = std::find_if(groups_.begin(), groups_.end(), [&](const Group& group) {
+    return profile::SameName(group.section, section);
+  });
+  return found == groups_.end() ? kNone : static_cast<Number>(found - groups_.begin());
+}
+
+ProfilePlan::Number ProfilePlan::FindEntry(Number group, std::string_view key) const {
+  if (IsEntry(expected_, group, key)) return expected_;
+  if (usesTables_) return keys_.Find(group, key);
+  for (Number entry = groups_[group].first; entry != kNone; entry = entries_[entry].next) {
+    if (profile::SameName(entries_[entry].key, key)) return entry;
+  }
+  return kNone;
+}
+
+bool ProfilePlan::IsEntry(Number entry, Number group, std::string_view key) const {
+  return entry < entries_.size() && entries_[entry].group == group &&
+         profile::SameName(entries_[entry].key, key);
+}
+
+void ProfilePlan::EditSections() {
+  std::size_t open = groups_.size();
+  for (std::size_t at = profile::NextSection(text_, 0); at < text_.size() && open > 0;) {
+    const Line header = profile::ReadLine(text_, at);
+    const Number group = FindGroup(header.name);
+    if (group != kNone && !groups_[group].isThere) {
+      groups_[group].isThere = true;
+      EditSection(group, header);
+      if (--open == 0) return;
+    }
+    at = profile::NextSection(text_, header.next);
+  }
+}
+
+void ProfilePlan::EditSection(Number number, const Line& header) {
+  const Group& group = groups_[number];
+  std::size_t open = group.count;
+  expected_ = group.first;
   for (std::size_t at = header.next; at < text_.size() && open > 0;) {
     if (!MayConcern(group, at)) {
       at = profile::NextLine(text_, at);
@@ -94,10 +113,11 @@ void ProfilePlan::EditSection(Group& group, const Line& header) {
     }
     const Line line = profile::ReadLine(text_, at);
     if (line.kind == LineKind::Section) break;
-    Entry* entry = line.kind == LineKind::Key ? Find(group, line.name) : nullptr;
-    if (entry != nullptr && !entry->done) {
-      EditLine(line, *entry);
-      entry->done = true;
+    const Number entry = EntryFor(number, line);
+    if (entry != kNone) {
+      EditLine(line, entries_[entry]);
+      entries_[entry].done = true;
+      expected_ = entries_[entry].next;
       --open;
     }
     at = line.next;
@@ -105,12 +125,20 @@ void ProfilePlan::EditSection(Group& group, const Line& header) {
   if (open > 0) AddKeys(group, LastOf(header));
 }
 
+ProfilePlan::Number ProfilePlan::EntryFor(Number group, const Line& line) const {
+  if (line.kind != LineKind::Key) return kNone;
+  const Number entry = FindEntry(group, line.name);
+  return entry != kNone && !entries_[entry].done ? entry : kNone;
+}
+
 // Most lines of a large section are passed on sight of their first bytes.
 bool ProfilePlan::MayConcern(const Group& group, std::size_t at) const {
   const std::string_view line = text_.substr(at);
-  if (!group.byKey.empty() || line.front() == '[' || profile::IsBlank(line.front())) return true;
-  return std::any_of(group.entries.begin(), group.entries.end(),
-                     [&](const Entry& entry) { return !entry.done && profile::MayBegin(line, entry.key); });
+  if (usesTables_ || line.front() == '[' || profile::IsBlank(line.front())) return true;
+  for (Number entry = group.first; entry != kNone; entry = entries_[entry].next) {
+    if (!entries_[entry].done && profile::MayBegin(line, entries_[entry].key)) return true;
+  }
+  return false;
 }
 
 Line ProfilePlan::LastOf(const Line& header) const {
@@ -125,34 +153,42 @@ Line ProfilePlan::LastOf(const Line& header) const {
 }
 
 void ProfilePlan::EditLine(const Line& line, const Entry& entry) {
-  if (entry.value != nullptr && line.value == *entry.value) return;
+  if (entry.value && line.value == *entry.value) return;
   if (line.end == line.next) endIsOpen_ = false;
-  splices_.push_back({line.begin, line.next - line.begin,
-                      entry.value != nullptr ? KeyLine(line.name, *entry.value) : std::string()});
+  if (entry.value && IsWrittenForm(text_, line)) {
+    splices_.push_back({line.end - line.value.size(), line.value.size(), *entry.value});
+    return;
+  }
+  std::string written;
+  if (entry.value) AppendKeyLine(written, line.name, *entry.value);
+  splices_.push_back({line.begin, line.next - line.begin, texts_.Keep(written)});
 }
 
 void ProfilePlan::AddKeys(const Group& group, const Line& behind) {
-  std::string lines;
-  for (const Entry& entry : group.entries) {
-    if (!entry.done && entry.value != nullptr) lines += KeyLine(entry.key, *entry.value);
-  }
-  if (!lines.empty()) Insert(behind.next, behind.next == behind.end, std::move(lines));
+  const std::string lines = NewLines(group);
+  if (!lines.empty()) Insert(behind.next, behind.next == behind.end, lines);
 }
 
 void ProfilePlan::AddSection(const Group& group) {
-  std::string lines;
-  for (const Entry& entry : group.entries) {
-    if (entry.value != nullptr) lines += KeyLine(entry.key, *entry.value);
-  }
+  const std::string lines = NewLines(group);
   if (lines.empty()) return;
-  lines.insert(0, "[" + std::string(group.section) + "]\r\n");
-  Insert(text_.size(), true, std::move(lines));
+  std::string section("[");
+  Insert(text_.size(), true, section.append(group.section).append("]\r\n").append(lines));
 }
 
-void ProfilePlan::Insert(std::size_t offset, bool behindOpenLine, std::string text) {
-  if (behindOpenLine && endIsOpen_) text.insert(0, "\r\n");
+std::string ProfilePlan::NewLines(const Group& group) const {
+  std::string lines;
+  for (Number number = group.first; number != kNone; number = entries_[number].next) {
+    const Entry& entry = entries_[number];
+    if (!entry.done && entry.value) AppendKeyLine(lines, entry.key, *entry.value);
+  }
+  return lines;
+}
+
+void ProfilePlan::Insert(std::size_t offset, bool behindOpenLine, std::string_view text) {
+  if (behindOpenLine && endIsOpen_) splices_.push_back({offset, 0, "\r\n"});
   if (offset == text_.size()) endIsOpen_ = false;
-  splices_.push_back({offset, 0, std::move(text)});
+  splices_.push_back({offset, 0, texts_.Keep(text)});
 }
 
 }  // namespace vestrel

@@ -1,57 +1,83 @@
-// Plans one run of INI edits over one text; the working side of ProfileText::Plan.
+// Plans one run of INI edits (ProfileText::RunLength) over one text as splices of it.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "storage/NameTable.h"
+#include "storage/ProfileEdits.h"
 #include "storage/ProfileLines.h"
-#include "storage/ProfileText.h"
+#include "storage/ProfileSplice.h"
+#include "storage/TextArena.h"
 
 namespace vestrel {
 
 class ProfilePlan {
  public:
-  explicit ProfilePlan(std::string_view text);
+  // Plans the run. The text and the texts of the edits must outlive the plan.
+  ProfilePlan(std::string_view text, std::span<const ProfileEdit> run);
 
-  // Adds the edits of a run; call once.
-  void Make(std::span<const ProfileEdit> run);
-  std::vector<ProfileSplice>& splices() { return splices_; }
+  // What makes the run, in ascending order; what the text holds already gives none. Lives with the plan.
+  std::span<const ProfileSplice> splices() const noexcept { return splices_; }
 
  private:
+  // Of an entry or a group.
+  using Number = std::uint32_t;
+  static constexpr Number kNone = NameTable::kNone;
+
   // An edit with the spaces round its key gone.
   struct Entry {
     std::string_view key;
-    const std::string* value = nullptr;  // none deletes
+    std::optional<std::string_view> value;  // none deletes
+    Number group;
+    Number next = kNone;  // of the group
     bool done = false;
   };
   // The edits of one section, in the order of writing.
   struct Group {
     std::string_view section;
-    std::vector<Entry> entries;
-    std::unordered_map<std::string, std::size_t>
-        byKey;  // filled only where a search through all would be slow
+    Number first = kNone;
+    Number last = kNone;
+    std::size_t count = 0;
+    bool isThere = false;
   };
 
-  Group& GroupOf(std::string_view section);
-  static void Add(Group& group, const ProfileEdit& edit);
-  static Entry* Find(Group& group, std::string_view key);
+  void Add(const ProfileEdit& edit);
+  Number AddGroup(std::string_view section);
+  Number FindGroup(std::string_view section) const;
+  Number FindEntry(Number group, std::string_view key) const;
+  bool IsEntry(Number entry, Number group, std::string_view key) const;
+
+  // Those that are there, from the first to the last.
+  void EditSections();
+  void EditSection(Number number, const profile::Line& header);
+  // The open entry that the line is to be changed by.
+  Number EntryFor(Number group, const profile::Line& line) const;
   // Whether the line that begins at `at` opens a section or may hold one of the group's keys.
   bool MayConcern(const Group& group, std::size_t at) const;
+  void EditLine(const profile::Line& line, const Entry& entry);
   // The last line of a section that new keys go behind.
   profile::Line LastOf(const profile::Line& header) const;
-  void EditSection(Group& group, const profile::Line& header);
-  void EditLine(const profile::Line& line, const Entry& entry);
   void AddKeys(const Group& group, const profile::Line& behind);
   void AddSection(const Group& group);
-  void Insert(std::size_t offset, bool behindOpenLine, std::string text);
+  // Those of a group that were not found.
+  std::string NewLines(const Group& group) const;
+  void Insert(std::size_t offset, bool behindOpenLine, std::string_view text);
 
   std::string_view text_;
-  bool endIsOpen_;  // the last line, as it will be, has no end
+  bool endIsOpen_;   // the last line, as it will be, has no end
+  bool usesTables_;  // where a search through all would be slow
+  std::vector<Entry> entries_;
   std::vector<Group> groups_;
+  NameTable keys_;           // of the entries, each in the scope that its group's number is
+  NameTable sections_;       // of the groups
+  Number expected_ = kNone;  // the entry that the next line is likely to hold
+  TextArena texts_;
   std::vector<ProfileSplice> splices_;
 };
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "storage/ProfileLines.h"
-#include "storage/ProfilePlan.h"
 
 namespace vestrel {
 
@@ -28,25 +27,24 @@ bool IsPlainKey(std::string_view name) {
 
 // An edit that adds or changes one line and nothing else. Those that follow one another need not be made one
 // by one; a deletion moves the place where new keys go, and odd names or values change how the text divides.
-bool IsPlain(const ProfileEdit& edit) {
-  return edit.value && !profile::HasLineEnd(*edit.value) && IsPlainSection(edit.section) &&
-         IsPlainKey(edit.key);
+bool IsPlainLine(const ProfileEdit& edit) {
+  return edit.value && !profile::HasLineEnd(*edit.value) && IsPlainKey(edit.key);
+}
+
+// How many at the front are plain. Edits that were gathered together share their section's name.
+std::size_t PlainFront(std::span<const ProfileEdit> edits) {
+  std::size_t length = 0;
+  std::string_view plain;
+  for (; length < edits.size() && IsPlainLine(edits[length]); ++length) {
+    const std::string_view section = edits[length].section;
+    if (section.data() == plain.data() && section.size() == plain.size()) continue;
+    if (!IsPlainSection(section)) break;
+    plain = section;
+  }
+  return length;
 }
 
 }  // namespace
-
-std::string Spliced(std::string_view text, std::span<const ProfileSplice> splices) {
-  std::size_t size = text.size();
-  for (const ProfileSplice& splice : splices) size += splice.text.size();
-  std::string result;
-  result.reserve(size);
-  std::size_t at = 0;
-  for (const ProfileSplice& splice : splices) {
-    result.append(text.substr(at, splice.offset - at)).append(splice.text);
-    at = splice.offset + splice.length;
-  }
-  return result.append(text.substr(at));
-}
 
 std::optional<std::string_view> ProfileText::Find(std::string_view section, std::string_view key) const {
   const std::string_view name = profile::TrimSpaces(key);
@@ -85,19 +83,11 @@ std::vector<std::string_view> ProfileText::Keys(std::string_view section) const 
 }
 
 bool ProfileText::ArePlain(std::span<const ProfileEdit> edits) {
-  return std::all_of(edits.begin(), edits.end(), IsPlain);
+  return PlainFront(edits) == edits.size();
 }
 
 std::size_t ProfileText::RunLength(std::span<const ProfileEdit> edits) {
-  std::size_t length = 0;
-  while (length < edits.size() && IsPlain(edits[length])) ++length;
-  return length > 0 ? length : 1;
-}
-
-std::vector<ProfileSplice> ProfileText::Plan(std::span<const ProfileEdit> run) const {
-  ProfilePlan plan(text_);
-  plan.Make(run);
-  return std::move(plan.splices());
+  return std::max<std::size_t>(PlainFront(edits), 1);
 }
 
 }  // namespace vestrel

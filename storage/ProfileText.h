@@ -1,32 +1,16 @@
-// INI text as a value: bytes in, values, names and changes out. It opens no file. A change is planned as
-// splices of the text, so that every line that is not concerned keeps its bytes.
+// INI text as a value: bytes in, values and names out; and which edits may be planned together. It opens no
+// file.
 #pragma once
 
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "storage/ProfileEdits.h"
+
 namespace vestrel {
-
-// A value to be written, or with no value a key to be deleted.
-struct ProfileEdit {
-  std::string section;
-  std::string key;
-  std::optional<std::string> value;
-};
-
-// `length` bytes at `offset` give way to `text`.
-struct ProfileSplice {
-  std::size_t offset = 0;
-  std::size_t length = 0;
-  std::string text;
-};
-
-// The text with the splices, which are in ascending order, made.
-std::string Spliced(std::string_view text, std::span<const ProfileSplice> splices);
 
 class ProfileText {
  public:
@@ -46,8 +30,6 @@ class ProfileText {
   // How many of `edits`, at least one, may be planned together so that the outcome is that of planning them
   // one after the other.
   static std::size_t RunLength(std::span<const ProfileEdit> edits);
-  // The splices that make one such run of edits, in ascending order; what the text holds already gives none.
-  std::vector<ProfileSplice> Plan(std::span<const ProfileEdit> run) const;
 
  private:
   std::string_view text_;

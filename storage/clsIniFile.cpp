@@ -21,31 +21,41 @@ std::u16string TimeThatReadsBack() {
 
 void clsIniFile::UseFile(std::u16string_view fname) {
   fileName_ = fname;
-  section_ = u"Default Section";
-  keyPrefix_.clear();
+  section_.Set(u"Default Section");
+  keyPrefix_.Clear();
   isSet_ = true;
 }
 
 void clsIniFile::UseSection(std::u16string_view section) {
-  section_ = section;
-  keyPrefix_.clear();
+  section_.Set(section);
+  keyPrefix_.Clear();
 }
 
 void clsIniFile::UseKeyPrefix(std::u16string_view keyPrefix) {
-  keyPrefix_ = keyPrefix;
-  keyPrefix_ += u'_';
+  keyPrefix_.Set(keyPrefix);
+  keyPrefix_.Append('_');
 }
 
 std::int32_t clsIniFile::ReadLong(std::u16string_view key, std::int32_t defaultValue) {
-  return TextToLong(Read(key, LongToText(defaultValue)));
+  TextBuffer text;
+  ReadText(key, LongToText(defaultValue), text);
+  return TextToLong(text.view());
 }
 
 std::u16string clsIniFile::ReadString(std::u16string_view key, std::u16string_view defaultValue) {
-  return Read(key, defaultValue);
+  TextBuffer text;
+  ReadText(key, defaultValue, text);
+  return std::u16string(text.view());
 }
 
 bool clsIniFile::ReadBool(std::u16string_view key, bool defaultValue) {
-  return TextToBoolean(Read(key, BooleanToText(defaultValue)));
+  TextBuffer text;
+  ReadText(key, BooleanToText(defaultValue), text);
+  return TextToBoolean(text.view());
+}
+
+void clsIniFile::ReadText(std::u16string_view key, std::u16string_view defaultValue, TextBuffer& text) const {
+  modIniFile::ReadIniText(fileName_, {section_, keyPrefix_, key}, defaultValue, text);
 }
 
 void clsIniFile::WriteLong(std::u16string_view key, std::int32_t value) {
@@ -54,7 +64,7 @@ void clsIniFile::WriteLong(std::u16string_view key, std::int32_t value) {
 }
 
 void clsIniFile::WriteString(std::u16string_view key, std::u16string& value) {
-  modIniFile::WriteIniString(fileName_, section_, FullKey(key), &value);
+  modIniFile::WriteIniString(fileName_, {section_, keyPrefix_, key}, &value);
 }
 
 void clsIniFile::WriteBool(std::u16string_view key, bool value) {
@@ -62,8 +72,12 @@ void clsIniFile::WriteBool(std::u16string_view key, bool value) {
   WriteString(key, text);
 }
 
+void clsIniFile::WriteText(std::u16string_view key, std::u16string_view value) const {
+  modIniFile::WriteIniText(fileName_, {section_, keyPrefix_, key}, value);
+}
+
 void clsIniFile::DeleteKey(std::u16string_view key) {
-  modIniFile::WriteIniString(fileName_, section_, FullKey(key), nullptr);
+  modIniFile::WriteIniString(fileName_, {section_, keyPrefix_, key}, nullptr);
 }
 
 bool clsIniFile::TestWritable() {
@@ -74,16 +88,6 @@ bool clsIniFile::TestWritable() {
   // Only the file itself can tell.
   if (IniBatch* batch = IniBatch::OpenFor(fileName_)) batch->Commit();
   return modIniFile::ReadIniString(fileName_, u"Test Section", u"WriteTest", u"xxxxxx") == written;
-}
-
-std::u16string clsIniFile::FullKey(std::u16string_view key) const {
-  std::u16string full;
-  full.reserve(keyPrefix_.size() + key.size());
-  return full.append(keyPrefix_).append(key);
-}
-
-std::u16string clsIniFile::Read(std::u16string_view key, std::u16string_view defaultText) const {
-  return modIniFile::ReadIniString(fileName_, section_, FullKey(key), defaultText);
 }
 
 }  // namespace vestrel

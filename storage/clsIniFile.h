@@ -10,6 +10,8 @@
 
 #include "core/Object.h"
 #include "storage/IniBatch.h"
+#include "storage/KeptName.h"
+#include "util/TextBuffer.h"
 
 namespace vestrel {
 
@@ -33,6 +35,8 @@ class clsIniFile : public Object {
   // the text is no number (or neither a number nor "True" or "False"), 6 when it does not fit.
   std::int32_t ReadLong(std::u16string_view key, std::int32_t defaultValue);
   std::u16string ReadString(std::u16string_view key, std::u16string_view defaultValue);
+  // As ReadString, appended to `text`; for the library's own loops, as WriteText is.
+  void ReadText(std::u16string_view key, std::u16string_view defaultValue, TextBuffer& text) const;
   bool ReadBool(std::u16string_view key, bool defaultValue);
 
   // No failed write is reported.
@@ -41,6 +45,8 @@ class clsIniFile : public Object {
   // than 32767 characters.
   void WriteString(std::u16string_view key, std::u16string& value);
   void WriteBool(std::u16string_view key, bool value);
+  // As WriteString, for a value that is nobody's variable.
+  void WriteText(std::u16string_view key, std::u16string_view value) const;
   // Removes the key from the current section; an absent one is no failure.
   void DeleteKey(std::u16string_view key);
 
@@ -49,12 +55,9 @@ class clsIniFile : public Object {
   bool TestWritable();
 
  private:
-  std::u16string FullKey(std::u16string_view key) const;
-  std::u16string Read(std::u16string_view key, std::u16string_view defaultText) const;
-
   std::u16string fileName_;
-  std::u16string section_;
-  std::u16string keyPrefix_;
+  KeptName section_;
+  KeptName keyPrefix_;
   bool isSet_ = false;
 };
 

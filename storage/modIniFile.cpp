@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <optional>
+#include <span>
 
 #include "core/Error.h"
 #include "platform/Ascii.h"
@@ -16,17 +17,18 @@
 namespace vestrel::modIniFile {
 namespace {
 
-std::optional<std::string> Find(std::u16string_view fileName, std::string_view section,
-                                std::string_view key) {
-  if (IniBatch* batch = IniBatch::OpenFor(fileName)) return batch->Find(section, key);
+// As IniBatch::Find.
+std::optional<std::string_view> Find(std::u16string_view fileName, std::string_view section,
+                                     std::string_view key, std::optional<std::string>& own) {
+  if (IniBatch* batch = IniBatch::OpenFor(fileName)) return batch->Find(section, key, own);
   FileBytes bytes;
   if (ReadWholeFile(fileName, bytes) != platform::FileStatus::Ok) return std::nullopt;
-  return FindInFile(bytes.view(), section, key);
+  return own = FindInFile(bytes.view(), section, key);
 }
 
-void Write(std::u16string_view fileName, ProfileEdit edit) {
+void Write(std::u16string_view fileName, const ProfileEdit& edit) {
   if (IniBatch* batch = IniBatch::OpenFor(fileName)) {
-    batch->Add(std::move(edit));
+    batch->Add(edit);
   } else {
     ProfileFile(fileName).Commit(std::span(&edit, 1), Sync::No);
   }
@@ -43,29 +45,65 @@ std::string WithoutTrailingSpaces(std::string text) {
   return text;
 }
 
+// Writes the value or, when there is none, deletes the key. `variable` is the caller's, if there is one.
+void Change(std::u16string_view fileName, const ValueName& name, std::optional<std::u16string_view> value,
+            std::u16string* variable) {
+  NarrowText narrow;
+  const NarrowCopy section(narrow, name.section);
+  const NarrowCopy key(narrow, name.prefix, name.key);
+  if (value && value->size() > std::numeric_limits<std::int16_t>::max())
+    RaiseError(Error_Overflow, u"modIniFile");
+  const NarrowCopy narrowValue(narrow, value.value_or(std::u16string_view()));
+  ProfileEdit edit{section.view(), key.view(), std::nullopt};
+  if (value) edit.value = narrowValue.view();
+  if (variable != nullptr && profile::HasLineEnd(narrowValue.view())) BlankLineBreaks(*variable);
+  Write(fileName, edit);
+  narrow.WarnOfLosses();
+}
+
+void AppendWidened(std::string_view value, TextBuffer& text) {
+  if (value.size() <= kLongestRead && platform::CopyAscii(value, text.Room(value.size()))) {
+    text.Advance(value.size());
+  } else {
+    const std::size_t length = platform::encoding().CutLength(value, kLongestRead);
+    text.Append(platform::encoding().Widen(value.substr(0, length)));
+  }
+}
+
 }  // namespace
 
 std::u16string ReadIniString(std::u16string_view fileName, std::u16string_view section,
                              std::u16string_view key, std::u16string_view defaultValue) {
-  NarrowText narrow;
-  std::optional<std::string> value = Find(fileName, narrow(section), narrow(key));
-  if (!value) value = WithoutTrailingSpaces(narrow(defaultValue));
-  narrow.WarnOfLosses();
-  value->resize(platform::encoding().CutLength(*value, kLongestRead));
-  return platform::encoding().Widen(*value);
+  TextBuffer text;
+  ReadIniText(fileName, {KeptName(section), KeptName(), key}, defaultValue, text);
+  return std::u16string(text.view());
 }
 
 void WriteIniString(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
                     std::u16string* value) {
+  WriteIniString(fileName, {KeptName(section), KeptName(), key}, value);
+}
+
+void WriteIniString(std::u16string_view fileName, const ValueName& name, std::u16string* value) {
+  std::optional<std::u16string_view> given;
+  if (value != nullptr) given = *value;
+  Change(fileName, name, given, value);
+}
+
+void ReadIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view defaultValue,
+                 TextBuffer& text) {
   NarrowText narrow;
-  ProfileEdit edit{narrow(section), narrow(key), std::nullopt};
-  if (value != nullptr) {
-    if (value->size() > std::numeric_limits<std::int16_t>::max()) RaiseError(Error_Overflow, u"modIniFile");
-    edit.value = narrow(*value);
-    if (profile::HasLineEnd(*edit.value)) BlankLineBreaks(*value);
-  }
-  Write(fileName, std::move(edit));
+  const NarrowCopy section(narrow, name.section);
+  const NarrowCopy key(narrow, name.prefix, name.key);
+  std::optional<std::string> own;
+  std::optional<std::string_view> value = Find(fileName, section.view(), key.view(), own);
+  if (!value) value = own = WithoutTrailingSpaces(narrow(defaultValue));
+  AppendWidened(*value, text);
   narrow.WarnOfLosses();
+}
+
+void WriteIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view value) {
+  Change(fileName, name, value, nullptr);
 }
 
 void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,

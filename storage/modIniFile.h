@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "storage/IniBatch.h"
+#include "storage/KeptName.h"
+#include "util/TextBuffer.h"
 
 namespace vestrel::modIniFile {
 
@@ -26,6 +28,20 @@ std::u16string ReadIniString(std::u16string_view fileName, std::u16string_view s
 // value of more than 32767 characters, before anything is changed.
 void WriteIniString(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
                     std::u16string* value);
+
+// The section and the key of a value; the key's name begins with the prefix.
+struct ValueName {
+  const KeptName& section;
+  const KeptName& prefix;
+  std::u16string_view key;
+};
+
+// As the two above, for whoever reads and writes many values: the value is appended to `text`; that of
+// WriteIniText is nobody's variable.
+void ReadIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view defaultValue,
+                 TextBuffer& text);
+void WriteIniString(std::u16string_view fileName, const ValueName& name, std::u16string* value);
+void WriteIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view value);
 
 // Logs one WARNING line when a value is longer than a read hands back. For whoever writes lists.
 void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,

@@ -154,7 +154,7 @@ class AllocationTest : public testing::Test {
 };
 
 TEST_F(AllocationTest, FailingLeavesFilesWholeAndTheShowUsable) {
-  const int stride = RunsLong() ? 1 : 29;
+  const int stride = RunsLong() ? 1 : 23;
   int runs = 0;
   for (const Operation& operation : AllOperations()) runs += Try(operation, stride);
   RecordProperty("runs", runs);

@@ -9,6 +9,12 @@
 namespace vestrel {
 namespace {
 
+std::u16string ButtonLineText(const ButtonLine& line) {
+  TextBuffer text;
+  AppendButtonLine(line, text);
+  return std::u16string(text.view());
+}
+
 TEST(ButtonLineTest, JoinsTheSevenFieldsInOrder) {
   EXPECT_EQ(ButtonLineText(
                 {u"Intro", ButtonType_Sequence, PlayState_On, BumpMode_Off, FaderMode_Dimmer, 100, false}),
@@ -24,7 +30,8 @@ TEST(ButtonLineTest, ReadsBackWhatItWrote) {
         ButtonLine{u" Ünï=[x];\"q\" ", ButtonType_Timeline, PlayState_Null, BumpMode_Off, FaderMode_Dimmer,
                    2147483647, false}}) {
     ButtonLine read;
-    ASSERT_TRUE(ParseButtonLine(ButtonLineText(line), read));
+    const std::u16string text = ButtonLineText(line);
+    ASSERT_TRUE(ParseButtonLine(text, read));
     EXPECT_EQ(read.name, line.name);
     EXPECT_EQ(read.buttonType, line.buttonType);
     EXPECT_EQ(read.playState, line.playState);
@@ -49,6 +56,34 @@ TEST(ButtonLineTest, TakesWhatTheConversionsTake) {
   EXPECT_FALSE(line.locked);
   ASSERT_TRUE(ParseButtonLine(u"a|1|0|0|0|0|-1", line));
   EXPECT_TRUE(line.locked);
+}
+
+// Long numbers and odd words are read by the general rule, whichever way the rest of the line is read.
+TEST(ButtonLineTest, EveryFieldMayBeInAnotherForm) {
+  const std::u16string_view fields[] = {u"n", u"1", u"1", u"1", u"1", u"77", u"True"};
+  const std::u16string_view others[] = {u"",   u"01",  u"0000000001", u" 1",
+                                        u"+1", u"1.0", u"77000e-3",   u"tRUE"};
+  for (std::size_t changed = 0; changed < std::size(fields); ++changed) {
+    for (const std::u16string_view other : others) {
+      std::u16string text;
+      for (std::size_t i = 0; i < std::size(fields); ++i)
+        text.append(i == 0 ? u"" : u"|").append(i == changed ? other : fields[i]);
+      ButtonLine line;
+      const bool isNumber = IsNumericText(other) || EqualIgnoringCase(other, u"true");
+      if (changed > 0 && !isNumber) {
+        EXPECT_THROW(ParseButtonLine(text, line), Error) << ToUtf8(text);
+        continue;
+      }
+      ASSERT_TRUE(ParseButtonLine(text, line)) << ToUtf8(text);
+      EXPECT_EQ(line.name, changed == 0 ? other : u"n");
+      EXPECT_EQ(line.buttonType, changed == 1 ? TextToShort(other) : 1);
+      EXPECT_EQ(line.playState, changed == 2 ? TextToLong(other) : 1);
+      EXPECT_EQ(line.bumpMode, changed == 3 ? TextToShort(other) : 1);
+      EXPECT_EQ(line.faderMode, changed == 4 ? TextToShort(other) : 1);
+      EXPECT_EQ(line.faderValue, changed == 5 ? TextToLong(other) : 77);
+      EXPECT_TRUE(line.locked);
+    }
+  }
 }
 
 TEST(ButtonLineTest, OtherThanSevenFieldsAreRefused) {

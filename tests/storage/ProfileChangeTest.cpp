@@ -7,8 +7,8 @@ namespace {
 
 using Kind = ProfileChange::Kind;
 
-ProfileEdit Set(std::string key, std::string value) {
-  return {"s", std::move(key), std::move(value)};
+ProfileEdit Set(std::string_view key, std::string_view value) {
+  return {"s", key, value};
 }
 
 // The file after the change, done as ProfileFile does it.
@@ -37,6 +37,34 @@ TEST(ProfileChangeTest, SeveralValuesInOneSectorAreOneOverwrite) {
   EXPECT_EQ(change.kind, Kind::InPlace);
   EXPECT_EQ(change.bytes, "7\r\nb=2\r\nc=9");
   EXPECT_EQ(Done(file, change), "[s]\r\na=7\r\nb=2\r\nc=9\r\n");
+}
+
+TEST(ProfileChangeTest, OneByteOfALongValueIsOverwrittenAlone) {
+  std::string value(5000, 'v');
+  const std::string file = "[s]\r\nk=" + value + "\r\n";
+  value[4000] = 'w';
+  const ProfileChange change = PlanChange(file, std::vector{Set("k", value)});
+  EXPECT_EQ(change.kind, Kind::InPlace);
+  EXPECT_EQ(change.offset, 4007U);
+  EXPECT_EQ(change.bytes, "w");
+  value[100] = 'w';
+  EXPECT_EQ(PlanChange(file, std::vector{Set("k", value)}).bytes, "[s]\r\nk=" + value + "\r\n");
+}
+
+TEST(ProfileChangeTest, ManyLinesOfTheSameLengthMakeAWholeFile) {
+  std::string file = "[s]\r\n";
+  std::string expected = file;
+  std::vector<std::string> keys;
+  for (int i = 0; i < 200; ++i) keys.push_back("key" + std::to_string(i));
+  std::vector<ProfileEdit> edits;
+  for (const std::string& key : keys) {
+    file += key + "=old\r\n";
+    expected += key + "=new\r\n";
+    edits.push_back(Set(key, "new"));
+  }
+  const ProfileChange change = PlanChange(file, edits);
+  EXPECT_EQ(change.kind, Kind::Whole);
+  EXPECT_EQ(change.bytes, expected);
 }
 
 TEST(ProfileChangeTest, AnotherLengthMakesAWholeFile) {

@@ -6,6 +6,7 @@
 #include "platform/System.h"
 #include "storage/ProfileChange.h"
 #include "storage/ProfileFile.h"
+#include "storage/ProfileText.h"
 #include "storage/ScratchFile.h"
 #include "tests/support/FakePlatform.h"
 #include "tests/support/TempFolder.h"
@@ -18,9 +19,9 @@ using platform::FileStatus;
 constexpr std::u16string_view kFile = u"C:\\app\\page.ini";
 constexpr std::u16string_view kScratch = u"C:\\app\\page.ini.new~";
 
-FileStatus Write(std::u16string_view path, std::string key, std::optional<std::string> value,
+FileStatus Write(std::u16string_view path, std::string_view key, std::optional<std::string_view> value,
                  Sync sync = Sync::No) {
-  const ProfileEdit edit{"s", std::move(key), std::move(value)};
+  const ProfileEdit edit{"s", key, value};
   return ProfileFile(path).Commit(std::span(&edit, 1), sync);
 }
 

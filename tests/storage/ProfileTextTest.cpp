@@ -1,6 +1,10 @@
 // The rules of INI text, one row each, read and written.
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+#include <vector>
+
 #include "storage/ProfileChange.h"
 #include "storage/ProfileText.h"
 
@@ -298,13 +302,40 @@ TEST(ProfileTextTest, LongNamesMatchInAnyCaseOfLettersAlone) {
 
 TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {
   std::string text = "[a]\r\nKEY3=old\r\nkey3=other\r\n[b]\r\nkey1=old";
-  std::vector<ProfileEdit> edits;
+  ProfileEdits edits;
   for (int i = 0; i < 40; ++i) {
-    edits.push_back({i % 3 == 0 ? "b" : "A", "Key" + std::to_string(i % 17), std::to_string(i)});
+    edits.Add({i % 3 == 0 ? "b" : "A", "Key" + std::to_string(i % 17), std::to_string(i)});
   }
   std::string oneByOne = text;
-  for (const ProfileEdit& edit : edits) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
-  EXPECT_EQ(EditedFile(text, edits), oneByOne);
+  for (const ProfileEdit& edit : edits.view()) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
+  EXPECT_EQ(EditedFile(text, edits.view()), oneByOne);
+}
+
+// Whatever the file holds and in whatever order the keys are written; but a value that goes and comes back in
+// one run leaves its line as it was, so what is written here is not there before.
+TEST(ProfileTextTest, AnyRunOfEditsComesOutAsOneByOne) {
+  std::mt19937 random(13);
+  const std::string_view pieces[] = {"[s]",  "[S] x",  "[t", "[]", "k1=11", "K2 =22", " k3= \"3\"", "=4",
+                                     "junk", "; k1=5", "k1", "",   "k4=44", "k5=5",   "[u]",        "k6=66"};
+  const std::string_view ends[] = {"\r\n", "\n", "\r"};
+  const std::string_view sections[] = {"s", "T", "u", "new", " s ", ""};
+  const std::string_view values[] = {"1", "2", "14", "", "longer than before", " 3 ", "two\r\nlines"};
+  for (int round = 0; round < 3000; ++round) {
+    std::string text;
+    for (auto i = random() % 20; i > 0; --i)
+      text.append(pieces[random() % std::size(pieces)]).append(ends[random() % 8 < 6 ? 0 : random() % 3]);
+    if (random() % 4 == 0) text += "k7=open end";
+    ProfileEdits edits;
+    for (auto i = random() % 30; i > 0; --i) {
+      const std::string key = (random() % 2 == 0 ? "k" : " K") + std::to_string(random() % 9);
+      const std::string_view section = sections[random() % 3 == 0 ? random() % std::size(sections) : 0];
+      const std::string_view value = values[random() % (random() % 8 == 0 ? std::size(values) : 6)];
+      edits.Add({section, key, random() % 16 == 0 ? std::nullopt : std::optional(value)});
+    }
+    std::string oneByOne = text;
+    for (const ProfileEdit& edit : edits.view()) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
+    ASSERT_EQ(EditedFile(text, edits.view()), oneByOne) << text;
+  }
 }
 
 }  // namespace

@@ -81,6 +81,30 @@ TEST_F(modIniFileTest, TextsPassThroughTheNarrowPage) {
   EXPECT_EQ(Read(u"k\u00E9"), u"\u20AC");
 }
 
+// Short names and values take a way of their own.
+TEST_F(modIniFileTest, NamesAndValuesOfAnyLengthAndLetterComeBack) {
+  for (const std::size_t length : {0U, 1U, 3U, 7U, 8U, 9U, 100U, 250U, 254U, 255U, 256U, 257U, 300U}) {
+    for (const char16_t unit : {u'x', u'\u007F', u'\u0080', u'\u00E9', u'\u20AC'}) {
+      const std::u16string text(length, unit);
+      std::u16string value = text.substr(0, 80);
+      modIniFile::WriteIniString(kFile, u"s" + text, u"k" + text, &value);
+      EXPECT_EQ(modIniFile::ReadIniString(kFile, u"s" + text, u"k" + text, u"none"), value) << length;
+      const std::u16string half = text.substr(0, length / 2);
+      TextBuffer buffer;
+      buffer.Append(u"before ");
+      const KeptName section(u"s" + text);
+      const KeptName prefix(u"k" + half);
+      modIniFile::ReadIniText(kFile, {section, prefix, text.substr(half.size())}, u"none", buffer);
+      EXPECT_EQ(buffer.view(), u"before " + value) << length;
+    }
+  }
+}
+
+TEST_F(modIniFileTest, APairOfUnitsIsOneCharacterWhereverANameIsDivided) {
+  modIniFile::WriteIniText(kFile, {KeptName(u"s"), KeptName(u"k\xD83D"), u"\xDE00"}, u"1");
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk\xF0\x9F\x98\x80=1\r\n");
+}
+
 TEST_F(modIniFileTest, LostCharactersAreLoggedOnceForEachName) {
   const std::u16string odd = u"once " + std::u16string(1, char16_t{0xD800});
   Write(u"k", odd);
