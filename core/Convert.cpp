@@ -130,6 +130,7 @@ bool IsPlainNumber(std::u16string_view text, std::int32_t& value) noexcept {
 
 // Whether the text is "True" or "False"; `value` receives which.
 bool IsBooleanWord(std::u16string_view text, bool& value) noexcept {
+  text = Trim(text);
   value = EqualIgnoringCase(text, u"true");
   return value || EqualIgnoringCase(text, u"false");
 }

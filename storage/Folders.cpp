@@ -50,7 +50,7 @@ std::u16string PageSettingsPath(std::u16string_view appPath, std::u16string_view
 bool FileExists(std::u16string_view path) {
   platform::FileInfo info;
   const FileStatus status = InfoOf(path, info);
-  if (IsAbsent(status)) return false;
+  if (status == FileStatus::NotFound || status == FileStatus::PathNotFound) return false;
   CheckFileStatus(status, u"modUtils.FileExists()", path);
   return !info.directory;
 }
@@ -60,8 +60,12 @@ bool PathExists(std::u16string_view path) {
   return path.empty() || InfoOf(path, info) == FileStatus::Ok;
 }
 
+// Not every system refuses to remove a read-only file.
 void RemoveFile(std::u16string_view path) {
-  const FileStatus status = Uninterrupted([&] { return platform::files().Remove(path); });
+  platform::FileInfo info;
+  FileStatus status = InfoOf(path, info);
+  if (status == FileStatus::Ok && info.readOnly) status = FileStatus::AccessDenied;
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return platform::files().Remove(path); });
   CheckFileStatus(status, u"modUtils.RemoveFile()", path);
 }
 

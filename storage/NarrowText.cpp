@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "core/Error.h"
 #include "platform/Ascii.h"
 #include "platform/Platform.h"
 #include "util/modLog.h"
@@ -22,8 +23,12 @@ void NarrowText::Warn() {
   thread_local std::set<std::u16string> warnedOf;
   for (std::u16string& text : std::exchange(lossy_, {})) {
     if (!warnedOf.insert(text).second) continue;
-    modLog::LogFormat(LogLevel_2_WARNING,
-                      u"the system's code page lacks characters of [%s]; written as \"?\"", text);
+    try {
+      modLog::LogFormat(LogLevel_2_WARNING,
+                        u"the system's code page lacks characters of [%s]; written as \"?\"", text);
+    } catch (const Error&) {
+      warnedOf.erase(text);
+    }
   }
 }
 

@@ -13,7 +13,8 @@ namespace vestrel {
 class NarrowText {
  public:
   std::string operator()(std::u16string_view text);
-  // Logs the texts that lost something since the last call, each once a thread. Raises what the log raises.
+  // Logs the texts that lost something since the last call, each once a thread. A log that cannot be written
+  // is no failure of what was read or written.
   void WarnOfLosses() {
     if (!lossy_.empty()) Warn();
   }

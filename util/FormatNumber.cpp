@@ -147,7 +147,10 @@ std::string GeneralDigits(const Directive& directive, double value) {
   std::string text = RealDigits(value, std::chars_format::scientific, significant - 1);
   const int exponent = ExponentOf(text);
   if (exponent >= -4 && exponent < significant) {
-    text = RealDigits(value, std::chars_format::fixed, significant - 1 - exponent);
+    const std::int64_t places = std::int64_t{significant} - 1 - exponent;
+    text = RealDigits(
+        value, std::chars_format::fixed,
+        static_cast<std::int32_t>(std::min<std::int64_t>(places, std::numeric_limits<int>::max())));
     if (!directive.alternate) DropTrailingZeros(text);
     return text;
   }

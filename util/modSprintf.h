@@ -7,9 +7,9 @@
 //           next argument (-1, the default, when that is not numeric)
 //   s  text, cut to the precision and padded        d i  whole number      u  the same, unsigned 32 bits
 //   f  fixed point    e E  exponent as e+000        g G  the shorter of both
-//   o  octal          x X  hexadecimal; a text is cut to the precision, which is 0 unless given
-//   c  first character of a text, or the one with that code           p  address as 0000:0000
-//   n  writes the output so far into an in/out text and produces nothing
+//   o  octal          x X  hexadecimal; a text, of a number too, is cut to the precision, which is 0 unless
+//   given c  first character of a text, or the one with that code           p  address as 0000:0000 n  writes
+//   the output so far into an in/out text and produces nothing
 // A numeric conversion of something that is not numeric gives "0". A directive that cannot be read is copied;
 // "%%" is no percent sign: its first "%" is copied and the second opens a directive. Formatting stops, and
 // the output so far is kept, when a directive finds no argument left. Escapes: \n line break (CR LF), \t tab,

@@ -104,6 +104,8 @@ TEST(ConvertTest, BooleansAreReadInAnyLetterCaseAndAsNumbers) {
   EXPECT_TRUE(TextToBoolean(u"-1"));
   EXPECT_TRUE(TextToBoolean(u"0.1"));
   EXPECT_FALSE(TextToBoolean(u" 0 "));
+  EXPECT_TRUE(TextToBoolean(u" True "));
+  EXPECT_EQ(TextToLong(u" true"), -1);
   EXPECT_EQ(TextToLong(u"True"), -1);
   EXPECT_EQ(TextToLong(u"false"), 0);
   EXPECT_EQ(TextToShort(u"TRUE"), -1);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Error.h"
+#include "core/clsLong.h"
 #include "core/clsObjectList.h"
 #include "core/modObjectList.h"
 #include "storage/Folders.h"
@@ -113,6 +114,28 @@ TEST_F(FoldersTest, AFileThatCannotBeDeletedIsAnError) {
   files.Put(modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One"), "x");
   files.FailEvery("Remove", platform::FileStatus::Busy);
   EXPECT_RAISES(Error_PermissionDenied, modUtils::deleteINI(u"C:\\app", u"Gala", u"One"));
+}
+
+TEST_F(FoldersTest, AReadOnlyFileIsNotDeleted) {
+  const std::u16string page = modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One");
+  files.Put(page, "x");
+  files.SetReadOnly(page, true);
+  EXPECT_RAISES(Error_PathFileAccess, modUtils::deleteINI(u"C:\\app", u"Gala", u"One"));
+  EXPECT_EQ(files.Get(page), "x");
+}
+
+TEST(FoldersOnDiskTest, ANameThatNoFileCanHaveIsAnErrorAndNoAbsentFile) {
+  const test::TempFolder folder;
+  for (const std::u16string& name : {std::u16string(u"a\0b", 3), std::u16string(1, char16_t{0xD800})}) {
+    EXPECT_RAISES(Error_BadFileNameOrNumber, modUtils::FileExists(folder.Path("") + name));
+    EXPECT_RAISES(Error_BadFileNameOrNumber, modUtils::deleteINI(folder.Path(""), u"Gala", name));
+  }
+}
+
+TEST_F(FoldersTest, FoldersAreMadeOfTextsAlone) {
+  const auto parts = MakeRef<clsObjectList>();
+  parts->AddItem(MakeRef<clsLong>().get());
+  EXPECT_RAISES(Error_TypeMismatch, modUtils::CreateDirs(*parts));
 }
 
 TEST_F(FoldersTest, TellsFilesFromFolders) {

@@ -113,6 +113,17 @@ TEST_F(modIniFileTest, LostCharactersAreLoggedOnceForEachName) {
   EXPECT_EQ(LogLines("[Warning] the system's code page lacks characters of [once ?]"), 1);
 }
 
+TEST_F(modIniFileTest, AWarningOfLostCharactersThatCannotBeLoggedIsNoFailureAndComesLater) {
+  const std::u16string odd = u"unlogged " + std::u16string(1, char16_t{0xD800});
+  files.SetReadOnly(kLog, true);
+  Write(u"k", odd);
+  EXPECT_EQ(modIniFile::ReadIniString(kFile, u"s", odd, u"default"), u"default");
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=unlogged ?\r\n");
+  files.SetReadOnly(kLog, false);
+  Write(u"k", odd);
+  EXPECT_EQ(LogLines("[Warning] the system's code page lacks characters of [unlogged ?]"), 1);
+}
+
 TEST_F(modIniFileTest, NothingDeletesAndEmptyWritesEmpty) {
   Write(u"a", u"");
   Write(u"b", u"1");
