@@ -256,6 +256,15 @@ TEST_F(controllerEditingTest, AutoAssignmentTakesTheFirstFreeIndex) {
                                              "SetFlashing(false)", "RefreshPage(1, 2, -)"));
 }
 
+TEST_F(controllerEditingTest, TheNextFreeSlotWithoutARealPageTellsTheOperator) {
+  controller->CreateNewShow(u"Empty");
+  controller->setModeAssign(u"Intro", ButtonType_Sequence, assignment.get());
+  Forget();
+  controller->autoAssignNextAvailable(2);
+  EXPECT_EQ(hostServices.boxes.size(), 1U);
+  EXPECT_EQ(Buttons(2), "Intro@2/1");
+}
+
 TEST_F(controllerEditingTest, AutoAssignmentServesTopAndBumpButtonsToo) {
   for (std::int32_t index = 1; index <= 5; ++index) Assign(0, index, u"b");
   Assign(9, 1, u"b");

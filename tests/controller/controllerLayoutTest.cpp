@@ -109,8 +109,8 @@ TEST_F(controllerLayoutTest, PagingStepsWithinTenRunsAndSavesInAnyCase) {
   const auto onward = static_cast<PageDirEnum>(5);
   for (const Row& row :
        {Row{0, PageDir_Prev, false, 0}, Row{0, PageDir_Next, true, 1}, Row{9, PageDir_Next, false, 9},
-        Row{9, PageDir_Prev, true, 8}, Row{8, onward, true, 9}, Row{11, PageDir_Next, false, 11},
-        Row{-1, PageDir_Prev, false, -1}}) {
+        Row{9, PageDir_Prev, true, 8}, Row{1, PageDir_Prev, true, 0}, Row{8, onward, true, 9},
+        Row{11, PageDir_Next, false, 11}, Row{-1, PageDir_Prev, false, -1}}) {
     Group(2)->pageOffset = row.offset;
     files.Put(kPageFile, "");
     EXPECT_EQ(controller->changeButtonGroupPageOffset(2, row.direction), row.moved);
@@ -232,6 +232,12 @@ TEST_F(controllerLayoutTest, TheHighlightMovesByDirection) {
       EXPECT_EQ(button.isHighlighted, Group(2)->highlightedButton == &button);
     }
   }
+}
+
+TEST_F(controllerLayoutTest, AButtonOfIndexZeroFromAFileComesFirst) {
+  Group(2)->buttons->ExtendWith(ListOf(2, {0, 5}).get());
+  controller->highlightButton(2, Highlight_First);
+  EXPECT_EQ(Highlight(), "New@2/0");
 }
 
 TEST_F(controllerLayoutTest, TheHighlightGoesAfterTheButtonGiven) {

@@ -310,6 +310,18 @@ TEST_F(controllerPlacingTest, AButtonOfAnotherPageThanTheSourceLeavesItsOwn) {
   EXPECT_THAT(transcript.Take(), Contains("CopyButtonFiles(1, Act 1, 1, Act 2, 1, true)"));
 }
 
+TEST_F(controllerPlacingTest, AButtonOfTheBumpGroupLeavesItsOwnPageToo) {
+  Fill({1}, 9);
+  const Ref<clsButton> moved = controller->buttonWithIndex(9, 1);
+  const Ref<clsPage> first = Page();
+  Pick(*moved);
+  SecondPage();
+  controller->setModeMove();
+  Click(37);
+  EXPECT_EQ(first->ButtonGroups(9)->buttons->Size(), 0);
+  EXPECT_EQ(Buttons(2), "1@2/1");
+}
+
 TEST_F(controllerPlacingTest, ATargetOutOfRangeLosesNoButton) {
   Fill({1, 2});
   const Ref<clsButton> moved = controller->buttonWithIndex(2, 1);

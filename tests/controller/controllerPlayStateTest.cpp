@@ -184,6 +184,14 @@ TEST_F(controllerPlayStateTest, ATopButtonLightsTheLampOfItsIndex) {
   EXPECT_THAT(transcript.Take(), Contains("setLED(247, 8, true)"));
 }
 
+TEST_F(controllerPlayStateTest, AButtonWithoutAPageGoesThroughAllSteps) {
+  const auto loose = MakeRef<clsButton>();
+  loose->InitWithValues(nullptr, 2, 1, u"Loose", ButtonType_Sequence, controller.get());
+  Set(*loose, PlayState_On, true);
+  EXPECT_THAT(Failures(), IsEmpty());
+  EXPECT_EQ(transcript.Take().back(), "ButtonPlaystateChanged(Loose@2/1, 0, 2, 1, 3, 4)");
+}
+
 TEST_F(controllerPlayStateTest, AButtonOfAnotherPageIsSavedIntoTheCurrentOne) {
   const Ref<clsButton> intro = Assign(2, 1, u"Intro");
   const Ref<clsPage> first = Page();

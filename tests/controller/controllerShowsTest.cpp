@@ -58,6 +58,16 @@ TEST_F(controllerShowsTest, RightAfterInitThePageSizeIsNotKnown) {
   EXPECT_FALSE(controller->buttonAtControlIndex(33));
 }
 
+TEST_F(controllerShowsTest, AnotherInitForgetsThePageSize) {
+  NewShow();
+  Assign(2, 1, u"Intro");
+  controller->Init(form.get(), kApp, lamps.get(), recorder.get());
+  controller->LoadShow(u"Gala");
+  EXPECT_EQ(controller->getVisibleGroupButtons(2)->Size(), 0);
+  controller->setButtonGroupPageSize(4);
+  EXPECT_EQ(controller->getVisibleGroupButtons(2)->Size(), 1);
+}
+
 TEST_F(controllerShowsTest, TheRecordControllerIsKeptLast) {
   controller = MakeRef<clsButtonGroupController>();
   const auto real = MakeRef<clsRecordController>();
@@ -87,6 +97,17 @@ TEST_F(controllerShowsTest, GainingFocusSendsTopButtonsThenGroups) {
   Calls expected = kDark;
   expected.insert(expected.end(), {"setLED(247, 1, true)", "StartLEDTimer()", "setLED(245, 2, false)",
                                    "setLED(245, 128, true)"});
+  EXPECT_EQ(transcript.Take(), expected);
+}
+
+TEST_F(controllerShowsTest, GainingFocusLightsTheLampOfEveryGroup) {
+  NewShow();
+  Calls expected = kDark;
+  for (std::int32_t g = 1; g <= 8; ++g) {
+    Assign(g, 1, u"Intro");
+    expected.push_back("setLED(245, " + std::to_string(1 << (g - 1)) + ", true)");
+  }
+  controller->formGotFocus();
   EXPECT_EQ(transcript.Take(), expected);
 }
 
@@ -221,6 +242,14 @@ TEST_F(controllerShowsTest, DeletingAPageRefreshesTheLamps) {
   EXPECT_EQ(Names(controller->GetPageNames()), "Act 1");
 }
 
+TEST_F(controllerShowsTest, DeletingAPageWritesNoOther) {
+  NewShow();
+  controller->AddPage(u"Act 2");
+  files.Put(kPageFile, "as it was");
+  controller->DeletePage(u"Act 2");
+  EXPECT_EQ(PageBytes(), "as it was");
+}
+
 TEST_F(controllerShowsTest, RenamingAPageHasNoLineOfItsOwnAndNoLamps) {
   NewShow();
   controller->RenamePage(u"Act 1", u"Finale");
@@ -324,6 +353,7 @@ TEST_F(controllerShowsTest, ClearAllDoesNotMakeADeletedPageAgain) {
   };
   controller->clearAll();
   EXPECT_EQ(Names(controller->GetPageNames()), "Act 1");
+  EXPECT_EQ(transcript.Take().back(), "RefreshPage(0, 0, -)");
 }
 
 TEST_F(controllerShowsTest, TheDumpListsEveryPageGroupAndButton) {

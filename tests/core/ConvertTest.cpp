@@ -68,6 +68,13 @@ TEST(ConvertTest, ANumberThatDoesNotFitOverflows) {
   EXPECT_FALSE(IsNumericText(u"1e400"));
 }
 
+TEST(ConvertTest, ASingleHasItsOwnLimits) {
+  EXPECT_EQ(TextToSingle(u"1e-60"), 0.0F);
+  EXPECT_EQ(TextToSingle(u"1e38"), 1e38F);
+  EXPECT_RAISES(6, TextToSingle(u"1e39"));
+  EXPECT_RAISES(13, TextToSingle(u"one"));
+}
+
 TEST(ConvertTest, TheLimitsStillFit) {
   EXPECT_EQ(TextToLong(u"2147483647"), std::numeric_limits<std::int32_t>::max());
   EXPECT_EQ(TextToLong(u"-2147483648"), std::numeric_limits<std::int32_t>::min());
@@ -109,6 +116,7 @@ TEST(ConvertTest, BooleansAreReadInAnyLetterCaseAndAsNumbers) {
   EXPECT_EQ(TextToLong(u"True"), -1);
   EXPECT_EQ(TextToLong(u"false"), 0);
   EXPECT_EQ(TextToShort(u"TRUE"), -1);
+  EXPECT_EQ(TextToShort(u"False"), 0);
 }
 
 TEST(ConvertTest, WritesNumbersAsShortAsTheyReadBack) {
@@ -134,6 +142,8 @@ TEST(ConvertTest, WritesNumbersAsShortAsTheyReadBack) {
   EXPECT_EQ(SingleToText(0.1F), u"0.1");
   EXPECT_EQ(SingleToText(16777216.0F), u"16777216");
   EXPECT_EQ(SingleToText(-1.5F), u"-1.5");
+  EXPECT_EQ(DoubleToText(std::numeric_limits<double>::infinity()), u"inf");
+  EXPECT_EQ(SingleToText(-std::numeric_limits<float>::infinity()), u"-inf");
   EXPECT_EQ(LongToText(std::numeric_limits<std::int32_t>::min()), u"-2147483648");
   EXPECT_EQ(BooleanToText(true), u"True");
   EXPECT_EQ(BooleanToText(false), u"False");
@@ -236,6 +246,7 @@ TEST(ConvertTest, WhatIsNoTextBecomesTheReplacementCharacter) {
   EXPECT_EQ(FromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(FromUtf8("\xF5\x80"), u"\uFFFD\uFFFD");
   EXPECT_EQ(FromUtf8("\xE0\x80\x80"), u"\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controller/clsButtonGroupController.h"
 #include "core/Convert.h"
@@ -185,6 +186,15 @@ TEST_F(SoakTest, DaysOfOperatingTakeNoMoreOfMemoryAndFiles) {
 }
 
 // The growth by rule: each load adds what the one before added, and the next set-up lets all of it go.
+TEST_F(SoakTest, EventsThatAreDroppedGiveAllTheirMemoryBack) {
+  const long before = Allocations::LiveBytes();
+  {
+    std::vector<Ref<vxEvent>> events(10'000);
+    for (Ref<vxEvent>& event : events) event = MakeRef<vxEvent>();
+  }
+  EXPECT_EQ(Allocations::LiveBytes(), before);
+}
+
 TEST_F(SoakTest, LoadsAddToTheDeferredListUntilTheNextSetUp) {
   SetUpMorning();
   const long before = Object::LiveCount();

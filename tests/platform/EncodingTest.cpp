@@ -37,6 +37,7 @@ TEST(EncodingTest, BytesThatAreNoCharacterBecomeReplacements) {
   EXPECT_EQ(encoding().Widen("a\xFFz"), u"a\uFFFDz");
   EXPECT_EQ(encoding().Widen("\xC3"), u"\uFFFD");
   EXPECT_EQ(encoding().Widen("\xE2\x82"), u"\uFFFD\uFFFD");
+  EXPECT_EQ(encoding().Widen("\xE2\x82z"), u"\uFFFD\uFFFDz");
   EXPECT_EQ(encoding().Widen("\xC0\x80"), u"\uFFFD\uFFFD");
   EXPECT_EQ(encoding().Widen("\xE0\x80\x80"), u"\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(encoding().Widen("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");

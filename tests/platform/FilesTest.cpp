@@ -58,6 +58,40 @@ TEST_F(FilesTest, NamesThatCannotBeAreRefused) {
   EXPECT_EQ(system.Open(std::u16string(1, char16_t{0xD800}), OpenMode::Create, file), FileStatus::BadName);
 }
 
+TEST_F(FilesTest, EveryCallRefusesANameThatCannotBe) {
+  const std::u16string bad(1, char16_t{0xD800});
+  std::u16string real;
+  std::vector<std::u16string> names;
+  FileInfo info;
+  EXPECT_EQ(system.Info(bad, info), FileStatus::BadName);
+  EXPECT_EQ(system.Resolve(bad, real), FileStatus::BadName);
+  EXPECT_EQ(system.Replace(bad, folder.Path("f")), FileStatus::BadName);
+  EXPECT_EQ(system.Replace(folder.Path("f"), bad), FileStatus::BadName);
+  EXPECT_EQ(system.Remove(bad), FileStatus::BadName);
+  EXPECT_EQ(system.MakeDirectory(bad), FileStatus::BadName);
+  EXPECT_EQ(system.SyncDirectory(bad), FileStatus::BadName);
+  EXPECT_EQ(system.List(bad, names), FileStatus::BadName);
+  EXPECT_EQ(Open(std::string(300, 'n'), OpenMode::Read), FileStatus::BadName);
+}
+
+TEST_F(FilesTest, NamesWithoutAFolderAreLookedForInTheCurrentOneAndTheRoot) {
+  EXPECT_EQ(system.Open(u"vestrel-no-such-file", OpenMode::Read, file), FileStatus::NotFound);
+  EXPECT_EQ(system.Open(u"\\vestrel-no-such-file", OpenMode::Read, file), FileStatus::NotFound);
+}
+
+TEST_F(FilesTest, AFileOpenedForReadingTakesNoBytes) {
+  folder.Put("f", "kept");
+  ASSERT_EQ(Open("f", OpenMode::Read), FileStatus::Ok);
+  EXPECT_EQ(Write("new"), FileStatus::IoError);
+  EXPECT_EQ(folder.Get("f"), "kept");
+}
+
+TEST_F(FilesTest, ClosingTwiceIsClosingOnce) {
+  ASSERT_EQ(Open("f", OpenMode::Create), FileStatus::Ok);
+  EXPECT_EQ(file->Close(), FileStatus::Ok);
+  EXPECT_EQ(file->Close(), FileStatus::Ok);
+}
+
 TEST_F(FilesTest, RepeatedSeparatorsCountAsOne) {
   std::filesystem::create_directory(folder.Real("Sequences"));
   folder.Put("Sequences/status.ini", "x");
@@ -167,6 +201,20 @@ TEST_F(FilesTest, AccessIsCopiedFromTheFileThatIsReplaced) {
   EXPECT_EQ(data.st_mode & 0777U, 0640U);
 }
 
+TEST_F(FilesTest, TheOwnerIsCopiedByTheSuperuser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+  folder.Put("old", "");
+  ASSERT_EQ(chown(folder.Real("old").c_str(), 4321, 8765), 0);
+  std::unique_ptr<File> old;
+  ASSERT_EQ(system.Open(folder.Path("old"), OpenMode::ReadWrite, old), FileStatus::Ok);
+  ASSERT_EQ(Open("new", OpenMode::Scratch), FileStatus::Ok);
+  EXPECT_EQ(file->CopyAccess(*old), FileStatus::Ok);
+  struct stat data {};
+  stat(folder.Real("new").c_str(), &data);
+  EXPECT_EQ(data.st_uid, 4321U);
+  EXPECT_EQ(data.st_gid, 8765U);
+}
+
 TEST_F(FilesTest, LinksAreFollowedByNameButNotByScratchFiles) {
   folder.Put("real", "text");
   std::filesystem::create_symlink("real", folder.Real("link"));
@@ -176,6 +224,7 @@ TEST_F(FilesTest, LinksAreFollowedByNameButNotByScratchFiles) {
   EXPECT_EQ(Open("link", OpenMode::Scratch), FileStatus::AccessDenied);
   EXPECT_EQ(system.Resolve(folder.Path("absent"), real), FileStatus::Ok);
   EXPECT_EQ(real, folder.Path("absent"));
+  EXPECT_EQ(system.Resolve(folder.Path("real/below"), real), FileStatus::PathNotFound);
 }
 
 TEST_F(FilesTest, FoldersAreMadeListedAndSynced) {
@@ -189,6 +238,8 @@ TEST_F(FilesTest, FoldersAreMadeListedAndSynced) {
   EXPECT_EQ(names, (std::vector<std::u16string>{u"a", u"b"}));
   EXPECT_EQ(system.List(folder.Path("none"), names), FileStatus::NotFound);
   EXPECT_EQ(system.SyncDirectory(folder.Path()), FileStatus::Ok);
+  EXPECT_EQ(system.SyncDirectory(folder.Path("none")), FileStatus::NotFound);
+  EXPECT_EQ(system.SyncDirectory(u"\\proc"), FileStatus::Ok);  // which has no such thing
   EXPECT_EQ(system.Remove(folder.Path("b")), FileStatus::Ok);
   EXPECT_EQ(system.Remove(folder.Path("b")), FileStatus::NotFound);
 }

@@ -36,6 +36,11 @@ TEST(PlatformTest, MessageBoxesAreLoggedWhenTheEnvironmentAsks) {
   unsetenv("VESTREL_MESSAGE_BOX");
 }
 
+TEST(PlatformTest, TheTickCountGoesOn) {
+  const std::uint32_t before = clock().TickCount();
+  EXPECT_LT(clock().TickCount() - before, 60'000U);
+}
+
 TEST(PlatformTest, TheDateTextHasTheGeneralForm) {
   const std::u16string text = clock().LocalDateTimeText();
   ASSERT_EQ(text.size(), 19U);

@@ -65,6 +65,17 @@ TEST(EventPoolTest, BlocksNeverOverlap) {
   }
 }
 
+// A piece starts at a multiple of 64 KB and leaves the last 64 bytes before the next one to the system.
+TEST(EventPoolTest, BlocksLieWithinTheirPiece) {
+  if (kWatched) return;
+  Blocks blocks;
+  for (int i = 0; i < 5000; ++i) blocks.Take();
+  for (void* const block : blocks.Addresses()) {
+    const std::uintptr_t offset = reinterpret_cast<std::uintptr_t>(block) % 65536;
+    EXPECT_LE(offset + EventPool::kBlockSize, 65536U - 64U);
+  }
+}
+
 TEST(EventPoolTest, BlocksThatCameBackAreTakenAgain) {
   Blocks blocks;
   for (int i = 0; i < 5000; ++i) blocks.Take();

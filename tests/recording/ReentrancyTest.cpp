@@ -166,6 +166,15 @@ TEST_F(ReentrancyTest, StoppingWhileAnEventFiresRewindsTheNextTick) {
                                    "playing 20 #1", "timecode 0", "timer off", "state 0", "playing 20 #1"));
 }
 
+TEST_F(ReentrancyTest, APauseIsInForceWhenTheTimerIsSwitchedOff) {
+  recorder->Play();
+  At("timer off", [&] { recorder->Play(); });
+  TakeJournal();
+  recorder->Play();
+  EXPECT_EQ(journal.at(0), "timer off");
+  EXPECT_EQ(journal.at(1), "timer on");
+}
+
 TEST_F(ReentrancyTest, EndingAnOverwriteTakeWhileItRecordsReplacesTheList) {
   Fill();
   recorder->SetRecordMode(RecordMode_Overwrite);

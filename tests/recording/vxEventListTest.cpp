@@ -62,6 +62,17 @@ TEST_F(vxEventListTest, InitStartsOver) {
   EXPECT_THAT(journal, ElementsAre("b on 2 0 0 0 0", "fired 50 #0"));
 }
 
+TEST_F(vxEventListTest, InitEndsTheTake) {
+  list->SetRecordMode(RecordMode_Overwrite);
+  list->StartRecording();
+  list->Init(handler.get());
+  EXPECT_EQ(ErrorOf([&] { list->StopRecording(); }), 0);
+  list->SetRecordMode(RecordMode_Overwrite);
+  Add(50, u"a");
+  list->UpdateTime(60);
+  EXPECT_THAT(TakeJournal(), ElementsAre("a on 2 0 0 0 0", "fired 50 #0"));
+}
+
 TEST_F(vxEventListTest, InitMergesAgainAndRewinds) {
   list->SetRecordMode(RecordMode_Overwrite);
   list->UpdateTime(200);
@@ -260,6 +271,11 @@ TEST_F(vxEventListTest, EventsOfEqualTimeKeepTheOrderOfTheirArrival) {
   EXPECT_EQ(Events(), "100 a, 100 d, 100 f, 200 b, 200 c, 200 e, 200 g");
 }
 
+TEST_F(vxEventListTest, LateArrivalsOfEqualTimeKeepTheirOrderWithinATake) {
+  Take(0, 300, {{100, u"a"}, {200, u"b"}, {150, u"c"}, {150, u"d"}});
+  EXPECT_EQ(Events(), "100 a, 150 c, 150 d, 200 b");
+}
+
 TEST_F(vxEventListTest, AManyFoldTieStaysInOrderOverSeveralTakes) {
   std::string expected;
   for (int take = 0; take < 5; ++take) {
@@ -369,6 +385,13 @@ TEST_F(vxEventListTest, AnEventWithoutAButtonFailsAndIsNextAgain) {
   Cast<vxEvent>(list->events()->GetItem(0).get()).button = Button(u"a");
   list->UpdateTime(120);
   EXPECT_THAT(journal, ElementsAre("a on 2 0 0 0 0", "fired 100 #0", "b on 2 0 0 0 0", "fired 110 #1"));
+}
+
+TEST_F(vxEventListTest, AnEventWithoutAButtonFailsAlsoWhereATakeSilencesIt) {
+  list->events()->AddItem(Event(100, nullptr).get());
+  list->SetRecordMode(RecordMode_Overwrite);
+  list->StartRecording();
+  EXPECT_EQ(ErrorOf([&] { list->UpdateTime(120); }), Error_ObjectNotSet);
 }
 
 TEST_F(vxEventListTest, AForeignItemFails) {

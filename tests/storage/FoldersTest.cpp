@@ -4,6 +4,7 @@
 #include "core/clsLong.h"
 #include "core/clsObjectList.h"
 #include "core/modObjectList.h"
+#include "storage/FileIo.h"
 #include "storage/Folders.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
@@ -34,6 +35,30 @@ TEST_F(FoldersTest, SettingsLieInTheFoldersOfShowAndPage) {
   EXPECT_EQ(modUtils::ShowSettingsPath(u"C:\\app", u"Gala"), u"C:\\app\\Sequences\\Gala\\pageSetting.ini");
   EXPECT_EQ(modUtils::PageSettingsPath(u"C:\\app", u"Gala", u"One"),
             u"C:\\app\\Sequences\\Gala\\One\\pageSetting.ini");
+}
+
+TEST_F(FoldersTest, AFileAtTheRootLiesInTheRootAndABareNameInTheCurrentFolder) {
+  EXPECT_EQ(FolderOf(u"\\show.ini"), u"\\");
+  EXPECT_EQ(FolderOf(u"C:\\app\\show.ini"), u"C:\\app");
+  EXPECT_EQ(FolderOf(u"/app/show.ini"), u"/app");
+  EXPECT_EQ(FolderOf(u"show.ini"), u".");
+}
+
+TEST_F(FoldersTest, AFileThatIsShorterThanItsSizeSaidIsReadToItsEnd) {
+  files.Put(u"C:\\f", "abc");
+  std::unique_ptr<platform::File> file;
+  ASSERT_EQ(files.Open(u"C:\\f", platform::OpenMode::Read, file), platform::FileStatus::Ok);
+  FileBytes bytes;
+  EXPECT_EQ(ReadAll(*file, 5, bytes), platform::FileStatus::Ok);
+  EXPECT_EQ(bytes.view(), "abc");
+  EXPECT_EQ(ReadAll(*file, ~std::uint64_t{0}, bytes), platform::FileStatus::IoError);
+}
+
+TEST_F(FoldersTest, AFileOfAnUnknownSizeIsNotRead) {
+  files.Put(u"C:\\f", "abc");
+  files.FailEvery("Info", platform::FileStatus::IoError);
+  FileBytes bytes;
+  EXPECT_EQ(ReadWholeFile(u"C:\\f", bytes), platform::FileStatus::IoError);
 }
 
 TEST_F(FoldersTest, MakesOnlyTheLevelsThatAreMissing) {

@@ -5,6 +5,7 @@
 #include "storage/IniBatch.h"
 #include "storage/Utf16Text.h"
 #include "storage/modIniFile.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
 
 namespace vestrel {
@@ -133,6 +134,8 @@ TEST_F(IniBatchTest, ConcernsItsOwnFileAlone) {
   const IniBatch batch(kFile, Sync::No);
   Write(u"a", u"1", u"C:\\app\\other.ini");
   EXPECT_EQ(files.Get(u"C:\\app\\other.ini"), "[s]\r\na=1\r\n");
+  Write(u"a", u"1", u"C:\\app\\leaf.ini");
+  EXPECT_EQ(files.Get(u"C:\\app\\leaf.ini"), "[s]\r\na=1\r\n");
 }
 
 TEST_F(IniBatchTest, ABatchInsideAnotherJoinsItAndCommitsForBoth) {
@@ -163,6 +166,31 @@ TEST_F(IniBatchTest, ASaveThatAnErrorBreaksOffIsDroppedWhole) {
     }
   }
   EXPECT_EQ(files.Get(kFile), "[s]\r\na=2\r\n");
+}
+
+TEST_F(IniBatchTest, AnErrorDropsOnlyWhatIsNotCommittedYet) {
+  {
+    const IniBatch outer(kFile, Sync::No);
+    Write(u"a", u"1");
+    try {
+      IniBatch inner(kFile, Sync::No);
+      Write(u"b", u"2");
+      inner.Commit();
+      Write(u"c", u"3");
+      throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+    }
+    Write(u"d", u"4");
+  }
+  EXPECT_EQ(files.Get(kFile), "[s]\r\na=1\r\nb=2\r\nd=4\r\n");
+}
+
+TEST_F(IniBatchTest, ABatchInsideAnotherRequiresTheSameFile) {
+  files.Put(kFile, "[s]\r\na=1\r\n");
+  files.FailEvery("ReadAt", platform::FileStatus::IoError);
+  const IniBatch outer(kFile, Sync::No);
+  IniBatch inner(kFile, Sync::No);
+  EXPECT_RAISES(Error_DeviceIO, inner.RequireReadable());
 }
 
 TEST_F(IniBatchTest, AnErrorDuringALoadKeepsWhatOthersWroteMeanwhile) {

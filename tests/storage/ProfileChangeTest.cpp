@@ -152,6 +152,26 @@ TEST(ProfileChangeTest, HalfCharactersInUtf16KeepTheirBits) {
             Utf16::File(odd + u"k=1\r\n"));
 }
 
+TEST(ProfileChangeTest, FarApartValuesInUtf16MakeAWholeFile) {
+  const std::u16string filler(600, u'f');
+  const std::string file = Utf16::File(u"[s]\r\nj=1\r\nf=" + filler + u"\r\nk=1\r\n");
+  const ProfileChange change = PlanChange(file, std::vector{Set("j", "2"), Set("k", "2")});
+  EXPECT_EQ(change.kind, Kind::Whole);
+  EXPECT_EQ(Done(file, change), Utf16::File(u"[s]\r\nj=2\r\nf=" + filler + u"\r\nk=2\r\n"));
+}
+
+TEST(ProfileChangeTest, KeysAreDeletedFromUtf16) {
+  const std::string file = Utf16::File(u"[s]\r\nj=1\r\nk=1\r\n");
+  const ProfileEdit deletion{"s", "j", std::nullopt};
+  EXPECT_EQ(Done(file, PlanChange(file, std::span(&deletion, 1))), Utf16::File(u"[s]\r\nk=1\r\n"));
+}
+
+TEST(ProfileChangeTest, HalfACharacterMayEndAFileInUtf16) {
+  const std::u16string odd = u"[s]\r\nj=" + std::u16string(1, char16_t{0xD800});
+  EXPECT_EQ(Done("", PlanChange(Utf16::File(odd), std::vector{Set("k", "1")})),
+            Utf16::File(odd + u"\r\nk=1\r\n"));
+}
+
 TEST(ProfileChangeTest, AnOddLastByteOfUtf16IsNoText) {
   const std::string file = Utf16::File(u"[s]\r\nk=1\r\n") + "x";
   EXPECT_EQ(FindInFile(file, "s", "k"), "1");

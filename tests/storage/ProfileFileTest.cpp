@@ -9,6 +9,7 @@
 #include "storage/ProfileText.h"
 #include "storage/ScratchFile.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/SeamFiles.h"
 #include "tests/support/TempFolder.h"
 
 namespace vestrel {
@@ -197,6 +198,24 @@ TEST_F(ProfileFileTest, ADiskThatTakesNothingMoreIsFull) {
   EXPECT_EQ(Write(kFile, "k", "10"), FileStatus::DiskFull);
   EXPECT_EQ(Write(kFile, "k", "2"), FileStatus::DiskFull);
   EXPECT_EQ(files.Get(kFile), "[s]\r\nk=1\r\n");
+}
+
+TEST_F(ProfileFileTest, AFileThatIsReplacedEveryTimeIsBusyInTheEnd) {
+  files.Put(kFile, "[s]\r\nk=1\r\n");
+  files.FailEvery("Info", FileStatus::NotFound);
+  EXPECT_EQ(Write(kFile, "k", "2"), FileStatus::Busy);
+  EXPECT_EQ(files.Get(kFile), "[s]\r\nk=1\r\n");
+}
+
+TEST_F(ProfileFileTest, AScratchFileThatIsTakenEveryTimeIsBusyInTheEnd) {
+  test::SeamFiles seam(files);
+  seam.before = [](test::FileCall& call) {
+    return call.name == "Info" && call.path == kScratch && call.handle == 0 ? FileStatus::NotFound
+                                                                            : FileStatus::Ok;
+  };
+  const platform::Override override({nullptr, &seam, nullptr, nullptr});
+  EXPECT_EQ(Write(kFile, "k", "1"), FileStatus::Busy);
+  EXPECT_FALSE(files.Has(kFile));
 }
 
 TEST_F(ProfileFileTest, InterruptedCallsAreMadeAgain) {

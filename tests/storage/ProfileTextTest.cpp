@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "storage/ProfileChange.h"
+#include "storage/ProfileIndex.h"
 #include "storage/ProfileText.h"
 
 namespace vestrel {
@@ -298,6 +299,49 @@ TEST(ProfileTextTest, LongNamesMatchInAnyCaseOfLettersAlone) {
   EXPECT_EQ(EditedFile(text, edits),
             "[A long @ section]\r\nA long @ key=4\r\nA LONG KEY WITH {=2\r\nA long ` key=3\r\n"
             "A long key without=5\r\n");
+}
+
+TEST(ProfileTextTest, LongNamesThatDifferAnywhereAreOthers) {
+  const std::string name = "Button12_fields of a group";
+  const std::string text = "[s]\r\n" + name + "=1\r\n";
+  for (std::size_t at = 0; at < name.size(); ++at) {
+    std::string other = name;
+    other[at] = '#';
+    EXPECT_EQ(Found({"", text, "s", other, ""}), "<none>") << other;
+    EXPECT_EQ(ProfileIndex(text).Find("s", other), std::nullopt) << other;
+  }
+}
+
+// From "@" to "[": what stands at either end of the large letters is none.
+TEST(ProfileTextTest, EveryLetterMatchesInAnyCaseAndItsNeighboursDoNot) {
+  for (char c = '@'; c <= '['; ++c) {
+    const std::string large{'k', c};
+    const std::string small{'k', static_cast<char>(c + ('a' - 'A'))};
+    const std::string text = "[s]\r\n" + large + "=1\r\n";
+    const bool letter = c >= 'A' && c <= 'Z';
+    EXPECT_EQ(Found({"", text, "s", small, ""}), letter ? "1" : "<none>") << c;
+    EXPECT_EQ(ProfileIndex(text).Find("s", small).has_value(), letter) << c;
+    std::vector<ProfileEdit> edits{{"s", small, "2"}};
+    for (int i = 0; i < 10; ++i) edits.push_back({"s", "other" + std::to_string(i), "0"});
+    edits.push_back({"s", large, "3"});
+    const std::string now = EditedFile(text, edits);
+    EXPECT_EQ(Found({"", now, "s", small, ""}), letter ? "3" : "2") << now;
+    EXPECT_EQ(Found({"", now, "s", large, ""}), "3") << now;
+  }
+}
+
+// Names that read back as others are written one at a time, whatever stands before and after them.
+TEST(ProfileTextTest, OddNamesAmongOthersComeOutAsOneByOne) {
+  const std::vector<std::string> odd{"\tk", "k\t", "a\nb", "a\rb", "a=b", ";k", "[k", "a]b", " k ", "k"};
+  for (const std::string& name : odd) {
+    for (const bool asSection : {false, true}) {
+      const ProfileEdit strange = asSection ? ProfileEdit{name, "x", "1"} : ProfileEdit{"s", name, "1"};
+      const std::vector<ProfileEdit> edits{{"s", "before", "0"}, strange, {"s", "after", "2"}, strange};
+      std::string oneByOne;
+      for (const ProfileEdit& edit : edits) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
+      EXPECT_EQ(EditedFile("", edits), oneByOne) << name;
+    }
+  }
 }
 
 TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {

@@ -242,6 +242,26 @@ TEST_F(TextFileTest, WholeLinesAreThoseOfTheBytesAtHand) {
   EXPECT_EQ(in.WholeLines(), "");
 }
 
+TEST_F(TextFileTest, LinesMayEndInEitherByteAlone) {
+  for (const std::string_view bytes : {"1\n2\n", "1\r2\r3"}) {
+    TextInput& in = Reading(bytes);
+    EXPECT_EQ(in.AheadToLineEnd(), bytes);
+    in.TakeLine(2);
+    EXPECT_EQ(in.ReadLong(), 2);
+  }
+}
+
+TEST_F(TextFileTest, ADiskThatFailsWhileReadingIsAnError) {
+  TextInput& in = Reading("1\r\n");
+  files.FailEvery("ReadAt", FileStatus::IoError);
+  EXPECT_RAISES(Error_DeviceIO, in.ReadLong());
+}
+
+TEST_F(TextFileTest, AFileThatIsReadTakesNothing) {
+  Reading("1\r\n");
+  EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Output(1));
+}
+
 TEST_F(TextFileTest, ALineEndMayLieAcrossTheChunksItReads) {
   for (const std::size_t chunk : {65536U, 131072U}) {
     for (std::size_t length = chunk - 3; length <= chunk + 1; ++length) {

@@ -124,6 +124,11 @@ TEST_F(modIniFileTest, AWarningOfLostCharactersThatCannotBeLoggedIsNoFailureAndC
   EXPECT_EQ(LogLines("[Warning] the system's code page lacks characters of [unlogged ?]"), 1);
 }
 
+TEST_F(modIniFileTest, CharactersThatAReadLosesAreLoggedToo) {
+  Read(u"read " + std::u16string(1, char16_t{0xD800}));
+  EXPECT_EQ(LogLines("[Warning] the system's code page lacks characters of [read ?]"), 1);
+}
+
 TEST_F(modIniFileTest, NothingDeletesAndEmptyWritesEmpty) {
   Write(u"a", u"");
   Write(u"b", u"1");
@@ -206,6 +211,7 @@ TEST_F(modIniFileTest, AFolderOrAnEmptyNameIsNoFile) {
 
 TEST_F(modIniFileTest, AValueLongerThanAReadIsWarnedOf) {
   modIniFile::WarnIfCutOnReading(kFile, u"s", u"list", std::u16string(254, u'1'));
+  modIniFile::WarnIfCutOnReading(kFile, u"s", u"list", std::u16string(65, u'1') + u"\u00E9");
   EXPECT_EQ(LogLines("[Warning]"), 0);
   modIniFile::WarnIfCutOnReading(kFile, u"s", u"list", std::u16string(255, u'1'));
   modIniFile::WarnIfCutOnReading(kFile, u"s", u"list", std::u16string(130, u'\u00E9'));
