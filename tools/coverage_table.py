@@ -1,4 +1,7 @@
-"""Reads llvm-cov's LCOV text from standard input and prints it as a table, and what tests have to reach but do not."""
+"""Reads llvm-cov's LCOV text from standard input and prints it as a table, and what tests have to reach but do not.
+
+    coverage_table.py FOLDER...       the folders that count
+"""
 import collections
 import os
 import re
@@ -61,7 +64,8 @@ def print_missed(path, file):
 
 
 def main():
-    files = read(sys.stdin)
+    folders = sys.argv[1:]
+    files = {path: file for path, file in read(sys.stdin).items() if path.split("/", maxsplit=1)[0] in folders}
     for path in sorted(filter(WATCHED.match, files)):
         print_missed(path, files[path])
     print()

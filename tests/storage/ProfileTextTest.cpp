@@ -336,7 +336,8 @@ TEST(ProfileTextTest, OddNamesAmongOthersComeOutAsOneByOne) {
   for (const std::string& name : odd) {
     for (const bool asSection : {false, true}) {
       const ProfileEdit strange = asSection ? ProfileEdit{name, "x", "1"} : ProfileEdit{"s", name, "1"};
-      const std::vector<ProfileEdit> edits{{"s", "before", "0"}, strange, {"s", "after", "2"}, strange};
+      const std::vector<ProfileEdit> edits{
+          {"s", "before", "0"}, strange, strange, {"s", "after", "2"}, strange};
       std::string oneByOne;
       for (const ProfileEdit& edit : edits) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
       EXPECT_EQ(EditedFile("", edits), oneByOne) << name;
