@@ -251,6 +251,12 @@ TEST_F(TextFileTest, LinesMayEndInEitherByteAlone) {
   }
 }
 
+TEST_F(TextFileTest, TheLastLineNeedsNoEnd) {
+  TextInput& in = Reading("12");
+  EXPECT_EQ(in.AheadToLineEnd(), "12");
+  EXPECT_EQ(in.ReadLong(), 12);
+}
+
 TEST_F(TextFileTest, ADiskThatFailsWhileReadingIsAnError) {
   TextInput& in = Reading("1\r\n");
   files.FailEvery("ReadAt", FileStatus::IoError);
