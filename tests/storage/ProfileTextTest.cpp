@@ -314,6 +314,8 @@ TEST(ProfileTextTest, LongNamesThatDifferAnywhereAreOthers) {
 
 // From "@" to "[": what stands at either end of the large letters is none.
 TEST(ProfileTextTest, EveryLetterMatchesInAnyCaseAndItsNeighboursDoNot) {
+  std::vector<std::string> others;
+  for (int i = 0; i < 10; ++i) others.push_back("other" + std::to_string(i));
   for (char c = '@'; c <= '['; ++c) {
     const std::string large{'k', c};
     const std::string small{'k', static_cast<char>(c + ('a' - 'A'))};
@@ -322,7 +324,7 @@ TEST(ProfileTextTest, EveryLetterMatchesInAnyCaseAndItsNeighboursDoNot) {
     EXPECT_EQ(Found({"", text, "s", small, ""}), letter ? "1" : "<none>") << c;
     EXPECT_EQ(ProfileIndex(text).Find("s", small).has_value(), letter) << c;
     std::vector<ProfileEdit> edits{{"s", small, "2"}};
-    for (int i = 0; i < 10; ++i) edits.push_back({"s", "other" + std::to_string(i), "0"});
+    for (const std::string& other : others) edits.push_back({"s", other, "0"});
     edits.push_back({"s", large, "3"});
     const std::string now = EditedFile(text, edits);
     EXPECT_EQ(Found({"", now, "s", small, ""}), letter ? "3" : "2") << now;
