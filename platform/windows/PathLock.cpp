@@ -32,9 +32,10 @@ class HeldLocks {
   std::set<std::pair<DWORD, std::wstring>> names_;
 };
 
+// Never destroyed: at the end of the process files that are still open let go of their locks after that.
 HeldLocks& Held() {
-  static HeldLocks held;
-  return held;
+  static auto* const held = new HeldLocks;
+  return *held;
 }
 
 std::wstring LockName(const std::wstring& path) {

@@ -31,12 +31,14 @@ counted() {
 # host TEXT SECONDS PROGRAM [ARGUMENT...]: a program of the suite that prints totals, with an empty folder as its first
 # argument.
 host() {
-  local text=$1 seconds=$2 program=$3 name
+  local text=$1 seconds=$2 program=$3 name code=0
   shift 3
   name=$(basename "$program" .exe)
   rm -rf "$work/$name"
   mkdir -p "$work/$name"
-  run_wine "$seconds" "$work/$name.txt" "$(windows_path "$program")" "$(windows_path "$work/$name")" "$@" || true
+  run_wine "$seconds" "$work/$name.txt" "$(windows_path "$program")" "$(windows_path "$work/$name")" "$@" || code=$?
+  # It may have told its totals and hang on its way out.
+  if [ $code = 124 ] || [ $code = 137 ]; then failed "$text, $wine_bits-bit: did not end"; fi
   counted "$text, $wine_bits-bit" "$work/$name.txt"
 }
 
