@@ -64,8 +64,10 @@ bool PathExists(std::u16string_view path) {
 void RemoveFile(std::u16string_view path) {
   platform::FileInfo info;
   FileStatus status = InfoOf(path, info);
-  if (status == FileStatus::Ok && info.readOnly) status = FileStatus::AccessDenied;
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return platform::files().Remove(path); });
+  if (status == FileStatus::Ok) {
+    status = info.readOnly ? FileStatus::AccessDenied
+                           : Uninterrupted([&] { return platform::files().Remove(path); });
+  }
   CheckFileStatus(status, u"modUtils.RemoveFile()", path);
 }
 

@@ -41,8 +41,7 @@ std::uint32_t HashOf(std::uint32_t scope, std::string_view text) noexcept {
 
 void NameTable::Reserve(std::size_t names) {
   names_.reserve(names);
-  const std::size_t slots = std::bit_ceil(std::max(names * 2, kFewestSlots));
-  if (slots > slots_.size()) Spread(slots);
+  Spread(std::bit_ceil(std::max(names * 2, kFewestSlots)));
 }
 
 std::uint32_t NameTable::Add(std::uint32_t scope, std::string_view text) {

@@ -15,7 +15,7 @@ class NameTable {
   // Of a name that is not there.
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-  // Makes room for that many names.
+  // Makes room for that many names in an empty table.
   void Reserve(std::size_t names);
 
   std::uint32_t size() const noexcept { return static_cast<std::uint32_t>(names_.size()); }

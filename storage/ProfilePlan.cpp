@@ -53,7 +53,7 @@ void ProfilePlan::Add(const ProfileEdit& edit) {
     entries_[earlier].value = edit.value;
     return;
   }
-  entries_.push_back({key, edit.value, number});
+  entries_.push_back({key, edit.value});
   Group& group = groups_[number];
   (group.count == 0 ? group.first : entries_[group.last].next) = entry;
   group.last = entry;
@@ -75,7 +75,7 @@ ProfilePlan::Number ProfilePlan::FindGroup(std::string_view section) const {
 }
 
 ProfilePlan::Number ProfilePlan::FindEntry(Number group, std::string_view key) const {
-  if (IsEntry(expected_, group, key)) return expected_;
+  if (expected_ != kNone && profile::SameName(entries_[expected_].key, key)) return expected_;
   if (usesTables_) return keys_.Find(group, key);
   for (Number entry = groups_[group].first; entry != kNone; entry = entries_[entry].next) {
     if (profile::SameName(entries_[entry].key, key)) return entry;
@@ -83,14 +83,9 @@ ProfilePlan::Number ProfilePlan::FindEntry(Number group, std::string_view key) c
   return kNone;
 }
 
-bool ProfilePlan::IsEntry(Number entry, Number group, std::string_view key) const {
-  return entry < entries_.size() && entries_[entry].group == group &&
-         profile::SameName(entries_[entry].key, key);
-}
-
 void ProfilePlan::EditSections() {
   std::size_t open = groups_.size();
-  for (std::size_t at = profile::NextSection(text_, 0); at < text_.size() && open > 0;) {
+  for (std::size_t at = profile::NextSection(text_, 0); at < text_.size();) {
     const Line header = profile::ReadLine(text_, at);
     const Number group = FindGroup(header.name);
     if (group != kNone && !groups_[group].isThere) {

@@ -34,8 +34,7 @@ class ProfilePlan {
   struct Entry {
     std::string_view key;
     std::optional<std::string_view> value;  // none deletes
-    Number group;
-    Number next = kNone;  // of the group
+    Number next = kNone;                    // of the group
     bool done = false;
   };
   // The edits of one section, in the order of writing.
@@ -51,7 +50,6 @@ class ProfilePlan {
   Number AddGroup(std::string_view section);
   Number FindGroup(std::string_view section) const;
   Number FindEntry(Number group, std::string_view key) const;
-  bool IsEntry(Number entry, Number group, std::string_view key) const;
 
   // Those that are there, from the first to the last.
   void EditSections();
@@ -76,7 +74,7 @@ class ProfilePlan {
   std::vector<Group> groups_;
   NameTable keys_;           // of the entries, each in the scope that its group's number is
   NameTable sections_;       // of the groups
-  Number expected_ = kNone;  // the entry that the next line is likely to hold
+  Number expected_ = kNone;  // of the section at hand: what the next line is likely to hold
   TextArena texts_;
   std::vector<ProfileSplice> splices_;
 };
