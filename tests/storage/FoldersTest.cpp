@@ -149,6 +149,14 @@ TEST_F(FoldersTest, AReadOnlyFileIsNotDeleted) {
   EXPECT_EQ(files.Get(page), "x");
 }
 
+TEST_F(FoldersTest, AFileThatIsNotThereOrThatTheSystemCannotTellOfIsNotDeleted) {
+  files.Put(u"C:\\app\\f", "x");
+  EXPECT_RAISES(Error_FileNotFound, modUtils::RemoveFile(u"C:\\app\\none"));
+  files.FailEvery("Info", platform::FileStatus::IoError);
+  EXPECT_RAISES(Error_DeviceIO, modUtils::RemoveFile(u"C:\\app\\f"));
+  EXPECT_EQ(files.Get(u"C:\\app\\f"), "x");
+}
+
 TEST(FoldersOnDiskTest, ANameThatNoFileCanHaveIsAnErrorAndNoAbsentFile) {
   const test::TempFolder folder;
   for (const std::u16string& name : {std::u16string(u"a\0b", 3), std::u16string(1, char16_t{0xD800})}) {

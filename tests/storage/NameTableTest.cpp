@@ -75,5 +75,18 @@ TEST(NameTableTest, GrowsWithItsNamesAndMayKnowTheirNumber) {
   }
 }
 
+// Among so many some have the same hash.
+TEST(NameTableTest, NoTwoOfManyNamesNorOfManyScopesAreTakenForOne) {
+  constexpr std::uint32_t kMany = 100000;
+  std::vector<std::string> names;
+  for (std::uint32_t i = 0; i < kMany; ++i) names.push_back(std::to_string(i));
+  NameTable namesOfAScope;
+  NameTable scopesOfAName;
+  for (std::uint32_t i = 0; i < kMany; ++i) {
+    ASSERT_EQ(namesOfAScope.Add(0, names[i]), i);
+    ASSERT_EQ(scopesOfAName.Add(i, "Button1_fields"), i);
+  }
+}
+
 }  // namespace
 }  // namespace vestrel

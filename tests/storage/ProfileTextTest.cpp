@@ -347,6 +347,28 @@ TEST(ProfileTextTest, OddNamesAmongOthersComeOutAsOneByOne) {
   }
 }
 
+// The names may be cut from one text.
+TEST(ProfileTextTest, ASectionWhoseNameBeginsAsThatBeforeIsAnother) {
+  const std::string_view name = "a]b";
+  const std::vector<ProfileEdit> edits{{name.substr(0, 1), "k", "1"}, {name, "k", "2"}};
+  EXPECT_EQ(ProfileText::RunLength(edits), 1U);
+  EXPECT_EQ(EditedFile("", edits), "[a]\r\nk=1\r\n[a]b]\r\nk=2\r\n");
+}
+
+// Wherever in it a line end stands; what is no line end divides no value, however low its byte.
+TEST(ProfileTextTest, OnlyALineEndTakesAnEditOutOfARun) {
+  for (std::size_t length = 1; length < 30; ++length) {
+    for (std::size_t at = 0; at < length; ++at) {
+      std::string value(length, 'v');
+      for (char c = '\0'; c <= ' '; ++c) {
+        value[at] = c;
+        const std::vector<ProfileEdit> edits{{"s", "k", value}, {"s", "j", "1"}};
+        EXPECT_EQ(ProfileText::RunLength(edits), c == '\r' || c == '\n' ? 1U : 2U) << int{c} << " at " << at;
+      }
+    }
+  }
+}
+
 TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {
   std::string text = "[a]\r\nKEY3=old\r\nkey3=other\r\n[b]\r\nkey1=old";
   ProfileEdits edits;
