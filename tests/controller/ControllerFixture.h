@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "controller/clsButtonGroupController.h"
@@ -28,6 +29,7 @@ class ControllerFixture : public TestPlatform {
   static constexpr std::u16string_view kApp = u"C:\\app";
   static constexpr std::u16string_view kLog = u"C:\\log.txt";
   static constexpr std::u16string_view kShowFile = u"C:\\app\\Sequences\\Gala\\pageSetting.ini";
+  static constexpr std::u16string_view kOtherFile = u"C:\\app\\Sequences\\Encore\\Act 9\\pageSetting.ini";
   static constexpr std::u16string_view kPageFile = u"C:\\app\\Sequences\\Gala\\Act 1\\pageSetting.ini";
 
   ControllerFixture() {
@@ -111,6 +113,19 @@ class ControllerFixture : public TestPlatform {
     return result;
   }
   std::string PageBytes() const { return files.Get(kPageFile); }
+  // The host does that inside the first callback that begins so.
+  void InFirst(std::string_view callback, std::function<void()> action) {
+    transcript.onCall = [this, callback, action = std::move(action)](const std::string& call) {
+      if (!call.starts_with(callback)) return;
+      transcript.onCall = nullptr;
+      action();
+    };
+  }
+  // A show of one empty page, in place of the one that NewShow sets up.
+  void ReplaceShow() {
+    controller->CreateNewShow(u"Encore");
+    controller->AddPage(u"Act 9");
+  }
   // Takes the place of form, lamps and recorder failing: error `number` from inside the callback named.
   void FailIn(std::string_view callback, std::int32_t number) {
     transcript.onCall = [callback, number](const std::string& call) {

@@ -92,17 +92,13 @@ TEST_F(controllerEditCommandsTest, RenamingWhileTheHostSetsUpAnotherShowWritesNo
   TurnOn(*intro);
   Pick(*intro);
   form->newName = u"Opening";
-  transcript.onCall = [&](const std::string& call) {
-    if (!call.starts_with("RenameButton")) return;
-    transcript.onCall = nullptr;
-    controller->CreateNewShow(u"Encore");
-    controller->AddPage(u"Act 9");
+  InFirst("RenameButton", [&] {
+    ReplaceShow();
     controller->assignButton(2, 1, u"Other", ButtonType_Auto);
-  };
+  });
   controller->RenameButton();
   EXPECT_EQ(intro->playState(), PlayState_On);
-  EXPECT_THAT(files.Get(u"C:\\app\\Sequences\\Encore\\Act 9\\pageSetting.ini"),
-              HasSubstr("Button1_fields=Other|4|0|0|0|0|False"));
+  EXPECT_THAT(files.Get(kOtherFile), HasSubstr("Button1_fields=Other|4|0|0|0|0|False"));
 }
 
 TEST_F(controllerEditCommandsTest, AMarkOrFadeIsAnnouncedBeforeItIsInItsGroup) {

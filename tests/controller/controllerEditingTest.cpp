@@ -162,11 +162,8 @@ TEST_F(controllerEditingTest, AnAssignmentNeedsNobodyToTell) {
 
 TEST_F(controllerEditingTest, WhatIsPlacedIsWhatWasPendingWhenItBegan) {
   StartAssign(u"New");
-  transcript.onCall = [&](const std::string& call) {
-    if (call != "CompleteAssignment(false)") return;
-    transcript.onCall = nullptr;
-    controller->setModeAssign(u"Other", ButtonType_Sequence, assignment.get());
-  };
+  InFirst("CompleteAssignment(false)",
+          [&] { controller->setModeAssign(u"Other", ButtonType_Sequence, assignment.get()); });
   Click(37);
   EXPECT_EQ(Buttons(2), "New@2/1");
 }
@@ -508,12 +505,10 @@ TEST_F(controllerEditingTest, AShowReplacedWhileANameIsAskedForIsNotDisturbed) {
   const Ref<clsButton> intro = Assign(2, 1, u"Intro");
   Pick(*intro);
   form->newName = u"Opening";
-  transcript.onCall = [&](const std::string& call) {
-    if (!call.starts_with("RenameButton")) return;
-    transcript.onCall = nullptr;
+  InFirst("RenameButton", [&] {
     controller->CreateNewShow(u"Encore");
     controller->AddPage(u"Act 1");
-  };
+  });
   controller->RenameButton();
   EXPECT_EQ(Buttons(2), "");
   EXPECT_EQ(intro->name, u"Opening");

@@ -312,10 +312,7 @@ TEST_F(controllerLayoutTest, ASearchBackwardThatFailsLeavesTheHighlightWhereItWa
 
 TEST_F(controllerLayoutTest, AHighlightMovedFromTheCallbackLeavesOneFlag) {
   Fill({2, 5, 9});
-  transcript.onCall = [&](const std::string&) {
-    transcript.onCall = nullptr;
-    controller->highlightButton(2, Highlight_Next, false);
-  };
+  InFirst("", [&] { controller->highlightButton(2, Highlight_Next, false); });
   controller->highlightButton(2, Highlight_Next, false);
   int flags = 0;
   for (Object* item : Group(2)->buttons->Snapshot()) flags += Cast<clsButton>(item).isHighlighted ? 1 : 0;
@@ -325,10 +322,7 @@ TEST_F(controllerLayoutTest, AHighlightMovedFromTheCallbackLeavesOneFlag) {
 
 TEST_F(controllerLayoutTest, AButtonDeletedWhileItLosesTheHighlightIsNotItAnyMore) {
   Fill({2, 5, 9});
-  transcript.onCall = [&](const std::string&) {
-    transcript.onCall = nullptr;
-    Group(2)->buttons->Remove(0);
-  };
+  InFirst("", [&] { Group(2)->buttons->Remove(0); });
   controller->highlightButton(2, Highlight_NextAfter, false);
   EXPECT_EQ(Highlight(), "5@2/5");
   EXPECT_TRUE(Group(2)->highlightedButton->isHighlighted);

@@ -144,11 +144,7 @@ TEST_F(controllerPlayStateTest, AButtonThatIsMovedWhileTheFormHearsThatItIsOffIs
   const Ref<clsButton> intro = Assign(2, 1, u"Intro");
   TurnOn(*intro);
   Pick(*intro);
-  transcript.onCall = [this](const std::string& call) {
-    if (!call.starts_with("ButtonStateChanged")) return;
-    transcript.onCall = nullptr;
-    Click(41);
-  };
+  InFirst("ButtonStateChanged", [&] { Click(41); });
   controller->setModeMove();
   EXPECT_EQ(Buttons(3), "Intro@3/1");
   EXPECT_EQ(Playing(2), "");

@@ -145,13 +145,11 @@ class controllerDivertedTest : public ControllerFixture, public testing::WithPar
     TurnOn(*Assign(2, 1, u"Intro"));
     chase = Assign(2, 2, u"Chase");
     TurnOn(*chase);
-    transcript.onCall = [this](const std::string& call) {
-      if (!call.starts_with("ButtonStateChanged")) return;
-      transcript.onCall = nullptr;
+    InFirst("ButtonStateChanged", [&] {
       GetParam().run(*controller);
       controller->assignButton(2, 1, u"First", ButtonType_Auto);
       controller->assignButton(2, 2, u"Other", ButtonType_Auto);
-    };
+    });
   }
   std::string OtherBytes() const { return files.Get(GetParam().file); }
 

@@ -331,12 +331,7 @@ TEST_F(controllerShowsTest, ClearAllStopsWhenTheHostLoadsAnotherShow) {
   NewShow();
   TurnOn(*Assign(2, 1, u"Intro"));
   TurnOn(*Assign(2, 2, u"Chase"));
-  transcript.onCall = [&](const std::string& call) {
-    if (!call.starts_with("ButtonStateChanged")) return;
-    transcript.onCall = nullptr;
-    controller->CreateNewShow(u"Encore");
-    controller->AddPage(u"Act 9");
-  };
+  InFirst("ButtonStateChanged", [&] { ReplaceShow(); });
   controller->clearAll();
   EXPECT_EQ(Names(controller->GetPageNames()), "Act 9");
   EXPECT_THAT(transcript.Take(), Not(Contains("RefreshPage(0, 0, -)")));
@@ -346,11 +341,7 @@ TEST_F(controllerShowsTest, ClearAllDoesNotMakeADeletedPageAgain) {
   NewShow();
   controller->AddPage(u"Act 2");
   Forget();
-  transcript.onCall = [&](const std::string& call) {
-    if (call != "RefreshPage(3, 0, -)") return;
-    transcript.onCall = nullptr;
-    controller->DeletePage(u"Act 2");
-  };
+  InFirst("RefreshPage(3, 0, -)", [&] { controller->DeletePage(u"Act 2"); });
   controller->clearAll();
   EXPECT_EQ(Names(controller->GetPageNames()), "Act 1");
   EXPECT_EQ(transcript.Take().back(), "RefreshPage(0, 0, -)");
