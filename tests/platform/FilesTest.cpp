@@ -23,6 +23,10 @@ class FilesTest : public testing::Test {
     std::size_t done = 0;
     return file->WriteAt(offset, std::span(bytes.data(), bytes.size()), done);
   }
+  void Append(OpenMode mode, std::string_view bytes) {
+    ASSERT_EQ(Open("log", mode), FileStatus::Ok);
+    EXPECT_EQ(Write(bytes), FileStatus::Ok);
+  }
   std::string Read(std::uint64_t offset, std::size_t size) {
     std::string bytes(size, '\0');
     std::size_t done = 0;
@@ -113,16 +117,13 @@ TEST_F(FilesTest, ReadsAndWritesAtOffsets) {
 
 TEST_F(FilesTest, AppendingWritesAtTheEndWhateverTheOffset) {
   folder.Put("log", "one ");
-  ASSERT_EQ(Open("log", OpenMode::Append), FileStatus::Ok);
-  EXPECT_EQ(Write("two"), FileStatus::Ok);
+  Append(OpenMode::Append, "two");
   EXPECT_EQ(folder.Get("log"), "one two");
 }
 
 TEST_F(FilesTest, AppendingOnMakesTheFileAndWritesAtTheEndAsWell) {
-  ASSERT_EQ(Open("log", OpenMode::AppendOn), FileStatus::Ok);
-  EXPECT_EQ(Write("one "), FileStatus::Ok);
-  ASSERT_EQ(Open("log", OpenMode::AppendOn), FileStatus::Ok);
-  EXPECT_EQ(Write("two"), FileStatus::Ok);
+  Append(OpenMode::AppendOn, "one ");
+  Append(OpenMode::AppendOn, "two");
   EXPECT_EQ(folder.Get("log"), "one two");
   EXPECT_EQ(Open("no/log", OpenMode::AppendOn), FileStatus::PathNotFound);
   EXPECT_EQ(system.Open(folder.Path(), OpenMode::AppendOn, file), FileStatus::AccessDenied);
