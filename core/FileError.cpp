@@ -29,8 +29,7 @@ std::int32_t ErrorNumberOf(platform::FileStatus status) noexcept {
 }
 
 bool IsAbsent(platform::FileStatus status) noexcept {
-  return status == platform::FileStatus::NotFound || status == platform::FileStatus::PathNotFound ||
-         status == platform::FileStatus::BadName;
+  return status == platform::FileStatus::NotFound || status == platform::FileStatus::PathNotFound;
 }
 
 void CheckFileStatus(platform::FileStatus status, std::u16string_view source, std::u16string_view path) {

@@ -12,7 +12,7 @@ namespace vestrel {
 // The run-time error number of a failed status (53, 75, 76, ...); 0 for FileStatus::Ok.
 std::int32_t ErrorNumberOf(platform::FileStatus status) noexcept;
 
-// Whether the status says that there is nothing of that name.
+// Whether the status says that there is nothing of that name, which something could have.
 bool IsAbsent(platform::FileStatus status) noexcept;
 
 // Raises the run-time error of a failed `status`; the description ends with the path. Does nothing for

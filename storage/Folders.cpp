@@ -50,7 +50,7 @@ std::u16string PageSettingsPath(std::u16string_view appPath, std::u16string_view
 bool FileExists(std::u16string_view path) {
   platform::FileInfo info;
   const FileStatus status = InfoOf(path, info);
-  if (status == FileStatus::NotFound || status == FileStatus::PathNotFound) return false;
+  if (IsAbsent(status)) return false;
   CheckFileStatus(status, u"modUtils.FileExists()", path);
   return !info.directory;
 }

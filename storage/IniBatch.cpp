@@ -74,7 +74,8 @@ void IniBatch::RequireReadable() {
   loads_ = true;
   if (outer_ != nullptr) return outer_->RequireReadable();
   Load();
-  if (!IsAbsent(readStatus_)) CheckFileStatus(readStatus_, u"IniBatch", fileName_);
+  if (IsAbsent(readStatus_) || readStatus_ == platform::FileStatus::BadName) return;
+  CheckFileStatus(readStatus_, u"IniBatch", fileName_);
 }
 
 IniBatch* IniBatch::OpenFor(std::u16string_view fileName) noexcept {

@@ -193,6 +193,16 @@ TEST_F(IniBatchTest, ABatchInsideAnotherRequiresTheSameFile) {
   EXPECT_RAISES(Error_DeviceIO, inner.RequireReadable());
 }
 
+TEST_F(IniBatchTest, AFileThatIsNotThereOrCannotBeIsReadAsAnEmptyOne) {
+  using platform::FileStatus;
+  for (const FileStatus status : {FileStatus::NotFound, FileStatus::PathNotFound, FileStatus::BadName}) {
+    files.FailEvery("Open", status);
+    IniBatch batch(kFile, Sync::No);
+    batch.RequireReadable();
+    EXPECT_EQ(Read(u"a"), u"none");
+  }
+}
+
 TEST_F(IniBatchTest, AnErrorDuringALoadKeepsWhatOthersWroteMeanwhile) {
   files.Put(kFile, "[s]\r\na=1\r\n");
   try {
