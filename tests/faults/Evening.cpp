@@ -69,14 +69,19 @@ std::vector<std::u16string> Evening::Promised(int step) {
   }
 }
 
-Evening::Evening(std::u16string app, FakeClock& clock) : app_(std::move(app)), clock_(clock) {
+Evening::Evening(std::u16string app, FakeClock& clock) : app_(std::move(app)), clock_(clock) {}
+
+void Evening::Begin() {
   modLog::Init(app_ + u"\\log.txt");
   record_->Init(transport_.get());
   controller_->Init(form_.get(), app_, lamps_.get(), record_.get());
   controller_->setButtonGroupPageSize(4);
-  controller_->LoadShow(u"Gala");
   settings_->UseFile(app_ + u"\\settings.ini");
   settings_->UseSection(u"Screen");
+}
+
+void Evening::Load() {
+  controller_->LoadShow(u"Gala");
 }
 
 void Evening::Step(int step) {
@@ -114,6 +119,8 @@ void Evening::ToggleAButton(int step) {
 
 void Evening::MoveAFader(int step) {
   const Ref<clsButton> bump = controller_->buttonWithIndex(9, 1);
+  // A page that could not be read has none.
+  if (!bump) return;
   bump->SetFaderValue(step % 101, true);
   controller_->PageManager()->CurrentPage()->saveSingleButton(bump.get());
 }
@@ -171,6 +178,8 @@ EveningRecord::EveningRecord(int steps) {
   };
   step = 0;
   Evening evening(app, clock);
+  evening.Begin();
+  evening.Load();
   for (; step < steps; ++step) evening.Step(step);
 }
 

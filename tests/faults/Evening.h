@@ -27,8 +27,12 @@ class Evening {
   // The files that a step promises to be on the disk when it returns.
   static std::vector<std::u16string> Promised(int step);
 
-  // Works on the files in force; `app` is the application's folder. Begins the log and loads the show.
+  // Works on the files in force; `app` is the application's folder.
   Evening(std::u16string app, FakeClock& clock);
+  // Begins the log and sets the host up. Comes first.
+  void Begin();
+  // Loads the show. Comes before the steps.
+  void Load();
   void Step(int step);
 
  private:

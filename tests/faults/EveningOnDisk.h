@@ -48,6 +48,8 @@ class EveningOnDisk {
 template <class OnStep>
 void EveningOnDisk::Play(FakeClock& clock, OnStep onStep) const {
   Evening evening(path_, clock);
+  evening.Begin();
+  evening.Load();
   for (int step = 0; step < Evening::kSteps; ++step) {
     onStep(step, false);
     evening.Step(step);

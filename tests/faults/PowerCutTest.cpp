@@ -83,6 +83,8 @@ class PowerCutTest : public testing::Test {
   void PlayTheEvening() {
     const platform::Override override({&clock_, &seam_, nullptr, &services_});
     Evening evening(kApp, clock_);
+    evening.Begin();
+    evening.Load();
     for (; step_ < steps_ && !HasFailure(); ++step_) {
       evening.Step(step_);
       for (const std::u16string& name : Evening::Promised(step_)) floors_[name] = step_ + 1;

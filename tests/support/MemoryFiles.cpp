@@ -298,7 +298,7 @@ FileStatus MemoryFiles::List(std::u16string_view path, std::vector<std::u16strin
 
 bool MemoryFiles::IsFolder(const std::u16string& path) const {
   if (files_.contains(path)) return false;
-  return !HasSeparator(path) || path == u"\\" || folders_.contains(path);
+  return path.empty() || path.ends_with(u':') || path == u"\\" || folders_.contains(path);
 }
 
 FileStatus MemoryFiles::MissingStatus(const std::u16string& path) const {

@@ -1,6 +1,6 @@
 // A file system in memory for tests: files and folders filled and read back as bytes, any single call made to
-// fail, every call counted by name ("Open", "ReadAt", "WriteAt", "Replace", "Sync", ...). A path without a
-// separator always is a folder, so a test may start at "C:". For one thread.
+// fail, every call counted by name ("Open", "ReadAt", "WriteAt", "Replace", "Sync", ...). A drive always is
+// there, so a test may start at "C:". For one thread.
 #pragma once
 
 #include <map>
