@@ -168,7 +168,7 @@ Ref<clsButton> clsButtonGroupController::getHighlightedButton(std::int32_t group
 
 Ref<clsButton> clsButtonGroupController::buttonWithIndex(std::int32_t groupIndex, std::int32_t buttonIndex) {
   Ref<clsButton> result;
-  if (groupIndex < kFirstGroup || groupIndex > kLastGroup) return result;
+  if (groupIndex < kFirstGroup || groupIndex > kLastGroup) return nullptr;
   Quietly([&] {
     const Ref<clsObjectList> buttons = ButtonsOf(*Group(groupIndex));
     const std::int32_t position = PositionOfIndex(*buttons, buttonIndex);
