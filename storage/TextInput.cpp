@@ -28,14 +28,12 @@ bool IsLineEnd(int byte) {
   return byte == '\r' || byte == '\n';
 }
 
-// The line that a byte string begins with, its end included; npos when it is not whole. A CR at the very end
-// may be half of a CR LF.
-std::size_t WholeLine(std::string_view bytes) {
+// Whether the line that the bytes begin with is whole. A CR at the very end may be half of a CR LF.
+bool HoldsLine(std::string_view bytes) {
   const std::size_t end = bytes.find('\n');
   const std::size_t earlier = bytes.substr(0, end).find('\r');
-  if (earlier == std::string_view::npos) return end == std::string_view::npos ? end : end + 1;
-  if (earlier + 1 == bytes.size()) return std::string_view::npos;
-  return earlier + (bytes[earlier + 1] == '\n' ? 2 : 1);
+  if (earlier == std::string_view::npos) return end != std::string_view::npos;
+  return earlier + 1 < bytes.size();
 }
 
 }  // namespace
@@ -94,7 +92,7 @@ std::u16string TextInput::ReadValue() {
 }
 
 std::string_view TextInput::AheadToLineEnd() {
-  while (!atEnd_ && WholeLine(Buffered()) == std::string_view::npos) Fill();
+  while (!atEnd_ && !HoldsLine(Buffered())) Fill();
   return Buffered();
 }
 
