@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <functional>
@@ -178,7 +179,7 @@ int FillTheDisk(const TempFolder& folder, int rounds) {
 bool LetFilesGrowTo(rlim_t bytes) {
   rlimit limit{};
   if (getrlimit(RLIMIT_FSIZE, &limit) != 0) return false;
-  limit.rlim_cur = bytes;
+  limit.rlim_cur = std::min(bytes, limit.rlim_max);
   return setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
