@@ -115,6 +115,12 @@ TEST_F(FilesTest, ReadsAndWritesAtOffsets) {
   EXPECT_EQ(folder.Get("f"), "abX");
 }
 
+TEST_F(FilesTest, AFullDeviceIsAFullDisk) {
+  if (system.Open(u"\\dev\\full", OpenMode::ReadWrite, file) != FileStatus::Ok)
+    GTEST_SKIP() << "this system has no device that is always full";
+  EXPECT_EQ(Write("x"), FileStatus::DiskFull);
+}
+
 TEST_F(FilesTest, AppendingWritesAtTheEndWhateverTheOffset) {
   folder.Put("log", "one ");
   Append(OpenMode::Append, "two");
