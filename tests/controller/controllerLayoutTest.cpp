@@ -310,6 +310,17 @@ TEST_F(controllerLayoutTest, ASearchBackwardThatFailsLeavesTheHighlightWhereItWa
   EXPECT_THAT(transcript.Take(), testing::ElementsAre("RefreshPage(2, 0, One@2/1)"));
 }
 
+TEST_F(controllerLayoutTest, ASearchThatFailsWhereNothingWasHighlightedTellsTheHost) {
+  const auto list = MakeRef<clsObjectList>();
+  list->AddItem(BoxString(u"no button").get());
+  Group(2)->buttons = list;
+  for (const HighlightDirEnum dir : {Highlight_First, Highlight_Prev, Highlight_Next}) {
+    EXPECT_RAISES(0, controller->highlightButton(2, dir));
+    EXPECT_FALSE(Group(2)->highlightedButton);
+  }
+  EXPECT_THAT(transcript.Take(), testing::IsEmpty());
+}
+
 TEST_F(controllerLayoutTest, AHighlightMovedFromTheCallbackLeavesOneFlag) {
   Fill({2, 5, 9});
   InFirst("", [&] { controller->highlightButton(2, Highlight_Next, false); });

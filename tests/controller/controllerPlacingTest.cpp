@@ -48,6 +48,38 @@ class controllerPlacingTest : public ControllerFixture {
   }
 };
 
+// A host's observer of a group's list that does not want new buttons in it.
+class RefusingObserver : public IObjListEventHandler {
+ public:
+  VESTREL_OBJECT(RefusingObserver, IObjListEventHandler)
+
+  bool removesItself = false;
+
+  void ItemAdded(clsObjectList* list, Object* /*item*/, std::int32_t atIndex, Object* /*userData*/) override {
+    if (removesItself) list->Remove(atIndex);
+    throw Error(5, u"host", u"host failed");
+  }
+};
+
+TEST_F(controllerPlacingTest, AButtonThatAHostsObserverRefusesLeavesItsGroupAsItWas) {
+  for (const std::int32_t group : {0, 2}) {
+    for (const bool removesItself : {false, true}) {
+      Group(group)->buttons->Clear();
+      Fill({1, 2, 4}, group);
+      const std::string before = Buttons(group);
+      const std::string bytes = PageBytes();
+      const auto observer = MakeRef<RefusingObserver>();
+      observer->removesItself = removesItself;
+      Group(group)->buttons->SetEventHandler(observer.get(), nullptr);
+      EXPECT_RAISES(5, controller->assignButton(group, 1, u"Refused", ButtonType_Auto));
+      EXPECT_RAISES(5, controller->assignButton(group, 3, u"Refused", ButtonType_Auto));
+      EXPECT_EQ(Buttons(group), before);
+      EXPECT_EQ(PageBytes(), bytes);
+      Group(group)->buttons->SetEventHandler(nullptr, nullptr);
+    }
+  }
+}
+
 TEST_F(controllerPlacingTest, AnAssignedButtonBelongsToThePageAndIsSaved) {
   controller->assignButton(2, 3, u"Intro", ButtonType_Timeline);
   const Ref<clsButton> button = controller->buttonWithIndex(2, 3);

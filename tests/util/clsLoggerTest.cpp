@@ -184,6 +184,15 @@ TEST_F(clsLoggerTest, ALineAfterAFailedWriteStartsOnALineOfItsOwn) {
   EXPECT_EQ(files.Get(kFile), kHeader + "[Inf\r\n[Info] next\r\n");
 }
 
+TEST_F(clsLoggerTest, AFileThatTakesNothingIsAFullDisk) {
+  const Ref<clsLogger> logger = Started();
+  files.LimitWrites(0);
+  EXPECT_RAISES(61, logger->Log(u"lost"));
+  files.LimitWrites(1000);
+  logger->Log(u"next");
+  EXPECT_EQ(files.Get(kFile), kHeader + "[Info] next\r\n");
+}
+
 TEST_F(clsLoggerTest, ACallThatIsInterruptedWithoutEndFails) {
   const Ref<clsLogger> logger = Started();
   for (const char* const call : {"Open", "WriteAt", "Close"}) {

@@ -69,9 +69,9 @@ TEST_F(modUtilsTest, AnErrorGoesToAModalBox) {
 
 TEST_F(modUtilsTest, AnUnattendedHostGetsTheErrorLogged) {
   setenv("VESTREL_MESSAGE_BOX", "log", 1);
-  modUtils::ShowErrorBox(u"C:\\new %d.\r\n\r\nreport\nit\rnow");
+  modUtils::ShowErrorBox(u"C:\\new %d.\r\n\r\nreport\nit\rnow\r");
   EXPECT_TRUE(hostServices.boxes.empty());
-  EXPECT_THAT(LogLines(), testing::ElementsAre("[Warning] message box [Error]: C:\\new %d.  report it now"));
+  EXPECT_THAT(LogLines(), testing::ElementsAre("[Warning] message box [Error]: C:\\new %d.  report it now "));
 }
 
 }  // namespace
