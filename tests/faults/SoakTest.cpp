@@ -185,7 +185,6 @@ TEST_F(SoakTest, DaysOfOperatingTakeNoMoreOfMemoryAndFiles) {
   EXPECT_EQ(takesOverTheWrap, 1);
 }
 
-// The growth by rule: each load adds what the one before added, and the next set-up lets all of it go.
 TEST_F(SoakTest, EventsThatAreDroppedGiveAllTheirMemoryBack) {
   const long before = Allocations::LiveBytes();
   {
@@ -195,6 +194,28 @@ TEST_F(SoakTest, EventsThatAreDroppedGiveAllTheirMemoryBack) {
   EXPECT_EQ(Allocations::LiveBytes(), before);
 }
 
+TEST_F(SoakTest, ShowsThatAreLoadedAndLetGoLeaveNothing) {
+  const int cycles = RunsLong() ? 10'000 : 20;
+  const auto cycle = [this] {
+    const auto recorder = MakeRef<clsRecordController>();
+    recorder->Init(transport.get());
+    const auto host = MakeRef<clsButtonGroupController>();
+    host->Init(form.get(), folder.Path(), lamps.get(), recorder.get());
+    host->LoadShow(u"Month");
+    host->formShutdown();
+    transcript.Take();
+  };
+  cycle();
+  const std::ptrdiff_t descriptors = OpenDescriptors();
+  const long objects = Object::LiveCount();
+  const long blocks = Allocations::Live();
+  for (int i = 0; i < cycles; ++i) cycle();
+  EXPECT_EQ(OpenDescriptors(), descriptors);
+  EXPECT_EQ(Object::LiveCount(), objects);
+  EXPECT_EQ(Allocations::Live(), blocks);
+}
+
+// The growth by rule: each load adds what the one before added, and the next set-up lets all of it go.
 TEST_F(SoakTest, LoadsAddToTheDeferredListUntilTheNextSetUp) {
   SetUpMorning();
   const long before = Object::LiveCount();
