@@ -2,14 +2,22 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 
 #include "core/Convert.h"
+#include "platform/Ascii.h"
 
 namespace vestrel {
 namespace {
 
 constexpr std::size_t kFields = 7;
+
+// Fields between the name and the last.
+constexpr std::size_t kNumbers = 5;
+
+// Of one of them in decimal, its sign included.
+constexpr std::size_t kLongestNumber = 11;
 using Fields = std::array<std::u16string_view, kFields>;
 
 // False when there are more or fewer fields; an empty text has none.
@@ -25,57 +33,61 @@ bool Split(std::u16string_view text, Fields& fields) {
   return count == kFields;
 }
 
-bool IsDigit(char16_t unit) noexcept {
-  return unit >= u'0' && unit <= u'9';
-}
-
-// Takes the digits at `at`, up to nine, and the divider behind them.
-bool TakeLongNumber(std::u16string_view text, std::size_t& at, std::int32_t& number) noexcept {
-  constexpr std::size_t kFitsInAnyCase = 9;
-  const std::size_t start = at;
+// Takes a number in digits and the divider behind it; the result is where the next field begins, null when
+// there is none such. One of more than nine digits may not fit and is none.
+template <class Unit>
+const Unit* TakeLongNumber(const Unit* at, const Unit* end, std::int32_t& number) noexcept {
+  constexpr std::ptrdiff_t kFitsInAnyCase = 9;
+  const Unit* const start = at;
   number = 0;
-  for (; at < text.size() && IsDigit(text[at]); ++at) {
-    if (at - start == kFitsInAnyCase) return false;
-    number = number * 10 + (text[at] - u'0');
+  for (; at != end && *at >= '0' && *at <= '9'; ++at) {
+    if (at - start == kFitsInAnyCase) return nullptr;
+    number = number * 10 + (*at - '0');
   }
-  return at > start && at < text.size() && text[at++] == u'|';
+  return at != start && at != end && *at == '|' ? at + 1 : nullptr;
 }
 
 // The same; most numbers have one digit.
-inline bool TakeNumber(std::u16string_view text, std::size_t& at, std::int32_t& number) noexcept {
-  if (at + 1 >= text.size() || text[at + 1] != u'|' || !IsDigit(text[at]))
-    return TakeLongNumber(text, at, number);
-  number = text[at] - u'0';
-  at += 2;
-  return true;
+template <class Unit>
+inline const Unit* TakeNumber(const Unit* at, const Unit* end, std::int32_t& number) noexcept {
+  const auto digit = static_cast<std::uint32_t>(end - at > 1 && at[1] == '|' ? at[0] - '0' : 10);
+  if (digit > 9) return TakeLongNumber(at, end, number);
+  number = static_cast<std::int32_t>(digit);
+  return at + 2;
 }
 
-inline bool TakeShort(std::u16string_view text, std::size_t& at, std::int16_t& number) noexcept {
-  std::int32_t wide = 0;
-  if (!TakeNumber(text, at, wide) || wide > std::numeric_limits<std::int16_t>::max()) return false;
-  number = static_cast<std::int16_t>(wide);
-  return true;
+template <class Unit, std::size_t Size>
+inline bool IsWord(const Unit* at, const Unit* end, const char (&word)[Size]) noexcept {
+  return end - at == Size - 1 && std::equal(at, end, word);
 }
 
-// Reads the form that AppendButtonLine writes, which nearly every line has. False, and `line` of no use, for
-// any other, whether it is a line or none.
-bool ParseWrittenForm(std::u16string_view text, ButtonLine& line) {
-  std::size_t at = std::min(text.find(u'|'), text.size());
-  line.name = text.substr(0, at++);
-  std::int16_t type = 0;
-  std::int16_t bump = 0;
-  std::int16_t fader = 0;
-  std::int32_t state = 0;
-  if (!TakeShort(text, at, type) || !TakeNumber(text, at, state) || !TakeShort(text, at, bump) ||
-      !TakeShort(text, at, fader) || !TakeNumber(text, at, line.faderValue))
+// Reads the form that is written, which nearly every line has; the name is left to the caller. False, and
+// `line` as it was, for any other, whether it is a line or none.
+template <class Unit>
+bool ParseWrittenForm(std::basic_string_view<Unit> text, std::basic_string_view<Unit>& name,
+                      ButtonLine& line) noexcept {
+  const std::size_t divider = text.find(Unit{'|'});
+  if (divider == text.npos) return false;
+  const Unit* const end = text.data() + text.size();
+  const Unit* at = text.data() + divider + 1;
+  std::array<std::int32_t, kNumbers> numbers;
+  for (std::int32_t& number : numbers) {
+    at = TakeNumber(at, end, number);
+    if (at == nullptr) return false;
+  }
+  const auto [type, state, bump, mode, value] = numbers;
+  const bool locked = IsWord(at, end, "True");
+  if ((!locked && !IsWord(at, end, "False")) ||
+      std::max({type, bump, mode}) > std::numeric_limits<std::int16_t>::max())
     return false;
+  name = text.substr(0, divider);
   line.buttonType = static_cast<ButtonTypeEnum>(type);
   line.playState = static_cast<PlayStateEnum>(state);
   line.bumpMode = static_cast<BumpModeEnum>(bump);
-  line.faderMode = static_cast<FaderModeEnum>(fader);
-  const std::u16string_view locked = text.substr(at);
-  line.locked = locked != BooleanToText(false);
-  return !line.locked || locked == BooleanToText(true);
+  line.faderMode = static_cast<FaderModeEnum>(mode);
+  line.faderValue = value;
+  line.locked = locked;
+  return true;
 }
 
 bool ParseAnyForm(std::u16string_view text, ButtonLine& line) {
@@ -91,23 +103,67 @@ bool ParseAnyForm(std::u16string_view text, ButtonLine& line) {
   return true;
 }
 
+char* PutDecimal(char* to, std::int32_t number) noexcept {
+  if (static_cast<std::uint32_t>(number) > 9) return std::to_chars(to, to + kLongestNumber, number).ptr;
+  *to = static_cast<char>('0' + number);
+  return to + 1;
+}
+
+char* PutField(char* to, std::int32_t number) noexcept {
+  *to = '|';
+  return PutDecimal(to + 1, number);
+}
+
+// All fields but the name, which are ASCII.
+char* PutOtherFields(char* to, const ButtonLine& line) noexcept {
+  to = PutField(to, line.buttonType);
+  to = PutField(to, line.playState);
+  to = PutField(to, line.bumpMode);
+  to = PutField(to, line.faderMode);
+  to = PutField(to, line.faderValue);
+  const std::string_view word = line.locked ? "|True" : "|False";
+  return std::copy(word.begin(), word.end(), to);
+}
+
 }  // namespace
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): nothing of bytes_ is read but what was written
+ButtonKey::ButtonKey(std::int32_t buttonIndex) noexcept {
+  constexpr std::string_view kFront = "Button";
+  char* to = std::copy(kFront.begin(), kFront.end(), bytes_);
+  to = PutDecimal(to, buttonIndex);
+  prefix_ = static_cast<std::size_t>(to - bytes_);
+  *to++ = '_';
+  std::copy(kWithoutPrefix.begin(), kWithoutPrefix.end(), to);
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
+NarrowButtonLine::NarrowButtonLine(const ButtonLine& line) {
+  if (line.name.size() > kLongestName || !platform::CopyAscii(line.name, bytes_)) return;
+  size_ = static_cast<std::size_t>(PutOtherFields(bytes_ + line.name.size(), line) - bytes_);
+}
+
 void AppendButtonLine(const ButtonLine& line, TextBuffer& text) {
+  char fields[NarrowButtonLine::kOtherFields];
   text.Append(line.name);
-  for (const std::int32_t number :
-       {std::int32_t{line.buttonType}, std::int32_t{line.playState}, std::int32_t{line.bumpMode},
-        std::int32_t{line.faderMode}, line.faderValue}) {
-    text.Append(u'|');
-    text.AppendDecimal(number);
-  }
-  text.Append(u'|');
-  text.Append(BooleanToText(line.locked));
+  text.AppendAscii({fields, PutOtherFields(fields, line)});
+}
+
+bool ParseButtonLine(std::string_view bytes, TextBuffer& text, ButtonLine& line) {
+  ButtonLine result;
+  std::string_view name;
+  if (!ParseWrittenForm(bytes, name, result)) return false;
+  char16_t* const wide = text.Room(name.size());
+  if (!platform::CopyAscii(name, wide)) return false;
+  text.Advance(name.size());
+  line = result;
+  line.name = {wide, name.size()};
+  return true;
 }
 
 bool ParseButtonLine(std::u16string_view text, ButtonLine& line) {
   ButtonLine result;
-  if (!ParseWrittenForm(text, result) && !ParseAnyForm(text, result)) return false;
+  if (!ParseWrittenForm(text, result.name, result) && !ParseAnyForm(text, result)) return false;
   line = result;
   return true;
 }

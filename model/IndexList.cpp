@@ -22,6 +22,7 @@ std::u16string IndexListText(const clsObjectList& buttons) {
 std::vector<std::int32_t> IndexListFromText(std::u16string_view text) {
   std::vector<std::int32_t> indices;
   if (text.empty()) return indices;
+  indices.reserve(text.size() / 2 + 1);
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find(u'|', start), text.size());
     indices.push_back(TextToLong(text.substr(start, end - start)));

@@ -1,23 +1,32 @@
 #include "model/clsButton.h"
 
+#include <optional>
+
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "model/ButtonLine.h"
 #include "model/clsPage.h"
 #include "storage/clsIniFile.h"
+#include "storage/modIniFile.h"
 #include "util/modLog.h"
 #include "util/modUtils.h"
 
 namespace vestrel {
 namespace {
 
-constexpr std::u16string_view kLineKey = u"fields";
-
 // What a press, a release or a bump fader reports as the click that caused it.
 constexpr std::int16_t kSyntheticMouseButton = 1;
 constexpr std::int32_t kTopGroup = 0;
 constexpr std::int32_t kBumpGroup = 9;
 constexpr std::int32_t kFullFader = 100;
+constexpr std::u16string_view kNoName = u"none";
+
+// As ParseButtonLine, of the bytes that a file has.
+bool ParseBytes(std::string_view bytes, TextBuffer& text, ButtonLine& line) {
+  if (bytes.size() <= modIniFile::kLongestRead && ParseButtonLine(bytes, text, line)) return true;
+  modIniFile::AppendWidened(bytes, text);
+  return ParseButtonLine(text.view(), line);
+}
 
 std::int32_t CompareNumbers(std::int32_t a, std::int32_t b) noexcept {
   if (a == b) return 0;
@@ -45,13 +54,18 @@ void clsButton::SetFaderMode(FaderModeEnum value) {
 }
 
 std::int32_t clsButton::faderValue() const {
-  return CreatedFader().value();
+  RequireInit();
+  return fader_ ? fader_->value() : 0;
+}
+
+Ref<clsFaderCatch> clsButton::Fader() const {
+  return hasFader_ ? Ref<clsFaderCatch>(&CreatedFader()) : nullptr;
 }
 
 void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
   groupIndex = -1;
   buttonIndex = -1;
-  name = u"none";
+  name = std::u16string(kNoName);
   buttonType = ButtonType_None;
   isVisible = false;
   controlIndex = -1;
@@ -62,8 +76,8 @@ void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
   playState_ = PlayState_Off;
   bumpMode_ = BumpMode_Off;
   faderMode_ = FaderMode_Dimmer;
-  fader_ = MakeRef<clsFaderCatch>();
-  fader_->Init();
+  hasFader_ = true;
+  fader_ = nullptr;
   preBumpFaderValue_ = 0;
   locked_ = false;
 }
@@ -165,19 +179,27 @@ bool clsButton::SetFaderValue(std::int32_t value, bool updateUI) {
 
 void clsButton::saveToINI(clsIniFile* iniFile) {
   if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
+  const ButtonLine line{name, buttonType, playState_, bumpMode_, faderMode_, faderValue(), locked_};
+  const NarrowButtonLine bytes(line);
+  if (!bytes.view().empty()) return iniFile->WriteBytes(ButtonKey::kWithoutPrefix, bytes.view());
   TextBuffer text;
-  AppendButtonLine({name, buttonType, playState_, bumpMode_, faderMode_, faderValue(), locked_}, text);
-  iniFile->WriteText(kLineKey, text.view());
+  AppendButtonLine(line, text);
+  iniFile->WriteText(u"fields", text.view());
 }
 
 void clsButton::loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::int32_t pButtonIndex) {
   if (iniFile == nullptr) RaiseError(Error_ObjectNotSet);
-  TextBuffer text;
-  iniFile->ReadText(kLineKey, u"", text);
+  std::optional<std::string> own;
+  const auto bytes = iniFile->ReadBytes(ButtonKey::kWithoutPrefix, own);
+  TakeBytes(bytes.value_or(std::string_view()), pGroupIndex, pButtonIndex);
+}
+
+void clsButton::TakeBytes(std::string_view bytes, std::int32_t pGroupIndex, std::int32_t pButtonIndex) {
   groupIndex = pGroupIndex;
   buttonIndex = pButtonIndex;
+  TextBuffer text;
   ButtonLine line;
-  if (!ParseButtonLine(text.view(), line)) {
+  if (!ParseBytes(bytes, text, line)) {
     modLog::Log(u"skipping button load -- incorrect number of fields in INI", LogLevel_2_WARNING);
     return;
   }
@@ -203,8 +225,14 @@ std::int32_t clsButton::FieldCompare(std::u16string_view fieldName, const Varian
   return 0;
 }
 
+void clsButton::RequireInit() const {
+  if (!hasFader_) RaiseError(Error_ObjectNotSet);
+}
+
+// Most buttons' faders are never moved, so each is made when it is first asked for.
 clsFaderCatch& clsButton::CreatedFader() const {
-  if (!fader_) RaiseError(Error_ObjectNotSet);
+  RequireInit();
+  if (!fader_) fader_ = MakeRef<clsFaderCatch>();
   return *fader_;
 }
 
@@ -237,10 +265,11 @@ void clsButton::TakeLine(const ButtonLine& line) {
   faderMode_ = line.faderMode;
   locked_ = line.locked;
   playState_ = PlayState_Off;
-  CreatedFader().SetValue(0, true);
-  const auto page = page_.Lock();
+  RequireInit();
+  // One that was not asked for yet stands there.
+  if (fader_) fader_->SetValue(0, true);
   if (const auto handler = eventHandler_.Lock()) {
-    handler->DeferPlaystateFor(page.get(), this, line.playState, line.faderValue);
+    handler->DeferPlaystateFor(page_.Lock().get(), this, line.playState, line.faderValue);
   }
 }
 

@@ -55,8 +55,8 @@ class clsButton : public virtual IComparable {
   void SetBumpMode(BumpModeEnum value) noexcept { bumpMode_ = value; }
   // The fader's value. Raises 91 before Init.
   std::int32_t faderValue() const;
-  // The fader itself, none before Init.
-  Ref<clsFaderCatch> Fader() const noexcept { return fader_; }
+  // The fader itself, none before Init; always the same one until the next Init.
+  Ref<clsFaderCatch> Fader() const;
   PlayStateEnum playState() const noexcept { return playState_; }
 
   // Gives every field its first value and creates the fader. Both references point back (core/BackRef.h).
@@ -101,6 +101,8 @@ class clsButton : public virtual IComparable {
   // Otherwise the button is off with its fader at 0, and the play state and fader value of the line go to the
   // handler's DeferPlaystateFor. Calls no other notification.
   void loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::int32_t pButtonIndex);
+  // The same with the line that the file holds, in the narrow page; for the page's own loop.
+  void TakeBytes(std::string_view bytes, std::int32_t pGroupIndex, std::int32_t pButtonIndex);
 
   // Field "all": 0 when both indices, name and type are equal, else 1 when this buttonIndex is the greater,
   // else -1, so that two buttons of one index may both come first. Field "buttonIndex": by that number alone.
@@ -115,6 +117,7 @@ class clsButton : public virtual IComparable {
   ~clsButton() override;
 
  private:
+  void RequireInit() const;
   clsFaderCatch& CreatedFader() const;
   void Switch(PlayStateEnum value);
   void PressBumpFader();
@@ -127,7 +130,8 @@ class clsButton : public virtual IComparable {
   PlayStateEnum playState_{};
   BumpModeEnum bumpMode_{};
   FaderModeEnum faderMode_{};
-  Ref<clsFaderCatch> fader_;
+  bool hasFader_ = false;
+  mutable Ref<clsFaderCatch> fader_;  // none while it is in its first state and nobody has it
   std::int32_t preBumpFaderValue_ = 0;
   bool locked_ = false;
 };

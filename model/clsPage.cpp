@@ -1,10 +1,14 @@
 #include "model/clsPage.h"
 
+#include <optional>
+
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/LetterCase.h"
 #include "core/modObjectList.h"
+#include "model/ButtonLine.h"
 #include "model/IndexList.h"
+#include "platform/Ascii.h"
 #include "platform/Platform.h"
 #include "storage/Folders.h"
 #include "storage/IniBatch.h"
@@ -32,13 +36,6 @@ std::u16string_view SectionName(std::int32_t groupIndex) {
       u"ButtonGroup5", u"ButtonGroup6", u"ButtonGroup7", u"ButtonGroup8", u"ButtonGroup9"};
   if (groupIndex < 0 || groupIndex >= kGroups) RaiseError(Error_SubscriptOutOfRange);
   return kNames[static_cast<std::size_t>(groupIndex)];
-}
-
-void UseButton(clsIniFile& file, std::int32_t buttonIndex) {
-  TextBuffer prefix;
-  prefix.Append(u"Button");
-  prefix.AppendDecimal(buttonIndex);
-  file.UseKeyPrefix(prefix.view());
 }
 
 // A copy, since the host may replace the list from within a callback.
@@ -220,7 +217,7 @@ void clsPage::WriteUsedIndices(std::int32_t groupIndex) {
 
 void clsPage::WriteButton(clsButton& button) {
   clsIniFile& file = File();
-  UseButton(file, button.buttonIndex);
+  file.UseNarrowKeyPrefix(ButtonKey(button.buttonIndex).prefix());
   button.saveToINI(&file);
 }
 
@@ -245,19 +242,19 @@ void clsPage::LoadGroup(std::int32_t groupIndex) {
   File().UseSection(SectionName(groupIndex));
   group->pageOffset = File().ReadLong(u"pageOffset", 0);
   if (IsFaderNumber(groupIndex)) group->Fader()->SetValue(File().ReadLong(u"faderValue", 0), true);
+  const std::string section = platform::NarrowAscii(SectionName(groupIndex));
   for (const std::int32_t index : IndexListFromText(File().ReadString(kIndicesKey, u""))) {
-    LoadButton(groupIndex, index);
+    LoadButton(section, groupIndex, index);
   }
 }
 
-void clsPage::LoadButton(std::int32_t groupIndex, std::int32_t buttonIndex) {
-  // The section again: the callbacks of the button before may have used the file.
-  clsIniFile& file = File();
-  file.UseSection(SectionName(groupIndex));
-  UseButton(file, buttonIndex);
+void clsPage::LoadButton(std::string_view section, std::int32_t groupIndex, std::int32_t buttonIndex) {
   const auto button = MakeRef<clsButton>();
   button->Init(controller_.Lock().get(), this);
-  button->loadFromINI(&file, groupIndex, buttonIndex);
+  // File and list anew: the callbacks of the button before may have brought others.
+  std::optional<std::string> own;
+  const auto bytes = modIniFile::ReadIniBytes(File().filename(), section, ButtonKey(buttonIndex).view(), own);
+  button->TakeBytes(bytes.value_or(std::string_view()), groupIndex, buttonIndex);
   ButtonsOf(*Group(groupIndex))->AddItem(button.get());
 }
 

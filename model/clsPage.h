@@ -88,7 +88,7 @@ class clsPage : public virtual IComparable {
   void WriteButton(clsButton& button);
   void WriteGroup(std::int32_t groupIndex, bool withButtons);
   void LoadGroup(std::int32_t groupIndex);
-  void LoadButton(std::int32_t groupIndex, std::int32_t buttonIndex);
+  void LoadButton(std::string_view section, std::int32_t groupIndex, std::int32_t buttonIndex);
 
   std::u16string appPath_;
   bool persist_ = false;

@@ -91,7 +91,7 @@ void IniBatch::Add(const ProfileEdit& edit) {
 
 std::optional<std::string_view> IniBatch::Find(std::string_view section, std::string_view key,
                                                std::optional<std::string>& own) {
-  Load();
+  if (!loaded_) Load();
   if (edits_.empty() && index_) return index_->Find(section, key);
   return FindAmongPending(section, key, own);
 }

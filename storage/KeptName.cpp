@@ -1,46 +1,40 @@
 #include "storage/KeptName.h"
 
-#include <utility>
-
 #include "platform/Ascii.h"
 
 namespace vestrel {
 
+// Should memory run out the name stays what it was.
 void KeptName::Set(std::u16string_view text) {
-  if (Is(text)) return;
-  constexpr std::size_t kShort = 64;
-  char bytes[kShort];  // not cleared
-  if (text.size() > kShort || !platform::CopyAscii(text, bytes)) return SetAny(text);
-  ascii_.assign(bytes, text.size());
+  char narrow[kShort] = {};
+  if (text.size() > kShort || !platform::CopyAscii(text, narrow)) {
+    wide_ = text;
+    return;
+  }
+  std::memcpy(narrow_, narrow, kShort);
+  size_ = text.size();
   wide_.clear();
 }
 
-// Should memory run out the name stays what it was.
-void KeptName::SetAny(std::u16string_view text) {
-  std::u16string wide;
-  if (platform::IsAscii(text)) {
-    ascii_ = platform::NarrowAscii(text);
-  } else {
-    wide = text;
+void KeptName::SetAscii(std::string_view text) {
+  if (text.size() > kShort) {
+    wide_ = platform::WidenAscii(text);
+    return;
   }
-  wide_ = std::move(wide);
-}
-
-// Names are mostly set to what they are, or end otherwise.
-bool KeptName::Is(std::u16string_view text) const noexcept {
-  if (!isAscii() || text.size() != ascii_.size()) return false;
-  for (std::size_t i = text.size(); i > 0; --i) {
-    if (text[i - 1] != static_cast<unsigned char>(ascii_[i - 1])) return false;
-  }
-  return true;
+  size_ = text.copy(narrow_, kShort);
+  wide_.clear();
 }
 
 void KeptName::Append(char c) {
-  isAscii() ? ascii_.push_back(c) : wide_.push_back(static_cast<unsigned char>(c));
+  if (isNarrow() && size_ < kShort) {
+    narrow_[size_++] = c;
+  } else {
+    wide_ = text() + static_cast<char16_t>(c);
+  }
 }
 
 std::u16string KeptName::text() const {
-  return isAscii() ? platform::WidenAscii(ascii_) : wide_;
+  return isNarrow() ? platform::WidenAscii(narrow()) : wide_;
 }
 
 }  // namespace vestrel

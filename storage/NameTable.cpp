@@ -10,31 +10,33 @@ namespace vestrel {
 namespace {
 
 constexpr std::size_t kFewestSlots = 64;
-constexpr std::size_t kBlock = sizeof(std::uint64_t);
+constexpr std::size_t kBlock = 8;
 
 std::uint64_t Mixed(std::uint64_t hash, std::uint64_t block) noexcept {
   hash = (hash ^ block) * 0x9E3779B97F4A7C15U;
   return hash ^ (hash >> 32U);
 }
 
-// Eight bytes of a name without what divides large from small letters.
-std::uint64_t CaselessBlock(const char* bytes, std::size_t count) noexcept {
-  std::uint64_t block = 0;
-  std::memcpy(&block, bytes, count);
-  return block | 0x2020202020202020U;
+// Bytes of a name without what divides large from small letters.
+template <class Bytes>
+std::uint64_t Caseless(const char* from) noexcept {
+  Bytes bytes = 0;
+  std::memcpy(&bytes, from, sizeof bytes);
+  return bytes | 0x2020202020202020U;
 }
 
-// The last block of a long name overlaps the one before.
+std::uint64_t MixedShort(std::uint64_t hash, std::string_view text) noexcept {
+  for (const char& byte : text) hash = Mixed(hash, Caseless<std::uint8_t>(&byte));
+  return hash;
+}
+
+// The last block of a name overlaps the one before.
 std::uint32_t HashOf(std::uint32_t scope, std::string_view text) noexcept {
-  std::uint64_t hash = Mixed(text.size(), scope);
-  if (text.size() < kBlock) {
-    hash = text.empty() ? hash : Mixed(hash, CaselessBlock(text.data(), text.size()));
-  } else {
-    for (std::size_t at = 0; at + kBlock < text.size(); at += kBlock)
-      hash = Mixed(hash, CaselessBlock(text.data() + at, kBlock));
-    hash = Mixed(hash, CaselessBlock(text.data() + text.size() - kBlock, kBlock));
-  }
-  return static_cast<std::uint32_t>(hash);
+  std::uint64_t hash = scope * 0xD6E8FEB86659FD93U + text.size();
+  if (text.size() < kBlock) return static_cast<std::uint32_t>(MixedShort(hash, text));
+  const char* const last = text.data() + text.size() - kBlock;
+  for (const char* at = text.data(); at < last; at += kBlock) hash = Mixed(hash, Caseless<std::uint64_t>(at));
+  return static_cast<std::uint32_t>(Mixed(hash, Caseless<std::uint64_t>(last)));
 }
 
 }  // namespace
@@ -62,7 +64,7 @@ std::uint32_t NameTable::Find(std::uint32_t scope, std::string_view text) const 
 bool NameTable::IsAt(std::uint32_t position, std::uint32_t scope, std::string_view text) const noexcept {
   if (position >= names_.size()) return false;
   const Name& name = names_[position];
-  return name.scope == scope && (name.text == text || profile::SameName(name.text, text));
+  return name.scope == scope && profile::SameName(name.text, text);
 }
 
 std::size_t NameTable::SlotOf(std::uint32_t scope, std::string_view text, std::uint32_t hash) const noexcept {

@@ -1,6 +1,5 @@
 #include "storage/NarrowText.h"
 
-#include <cstring>
 #include <set>
 #include <utility>
 
@@ -43,16 +42,29 @@ NarrowCopy::NarrowCopy(NarrowText& narrow, std::u16string_view text) {
 
 // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
 NarrowCopy::NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back) {
-  const std::string_view first = front.ascii();
-  if (!front.isAscii() || first.size() + back.size() > kShort ||
-      !platform::CopyAscii(back, short_ + first.size())) {
-    view_ = long_ = narrow(front.text().append(back));
-  } else if (back.empty()) {
-    view_ = first;
+  if (PutFront(front, back.size()) && platform::CopyAscii(back, short_ + front.narrow().size())) {
+    view_ = {short_, front.narrow().size() + back.size()};
   } else {
-    std::memcpy(short_, first.data(), first.size());
-    view_ = {short_, first.size() + back.size()};
+    view_ = long_ = narrow(front.text().append(back));
   }
+}
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
+NarrowCopy::NarrowCopy(NarrowText& narrow, const KeptName& front, std::string_view back) {
+  if (front.isNarrow() && back.empty()) {
+    view_ = front.narrow();
+  } else if (PutFront(front, back.size())) {
+    back.copy(short_ + front.narrow().size(), back.size());
+    view_ = {short_, front.narrow().size() + back.size()};
+  } else {
+    view_ = long_ = narrow(front.text() + platform::WidenAscii(back));
+  }
+}
+
+bool NarrowCopy::PutFront(const KeptName& front, std::size_t size) noexcept {
+  if (!front.isNarrow() || size > kShort - KeptName::kShort) return false;
+  front.CopyTo(short_);
+  return true;
 }
 
 }  // namespace vestrel

@@ -31,7 +31,9 @@ class NarrowCopy {
  public:
   // What the page lacks is noted in `narrow`.
   NarrowCopy(NarrowText& narrow, std::u16string_view text);
-  NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back = {});
+  NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back);
+  // Here `back` is all ASCII.
+  NarrowCopy(NarrowText& narrow, const KeptName& front, std::string_view back = {});
   NarrowCopy(const NarrowCopy&) = delete;
   NarrowCopy& operator=(const NarrowCopy&) = delete;
   ~NarrowCopy() = default;
@@ -40,6 +42,9 @@ class NarrowCopy {
 
  private:
   static constexpr std::size_t kShort = 256;
+
+  // Puts `front` before `size` bytes that are to come; false when it is not narrow or these are too many.
+  bool PutFront(const KeptName& front, std::size_t size) noexcept;
 
   std::string_view view_;
   std::string long_;

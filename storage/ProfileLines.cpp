@@ -3,44 +3,62 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <cstring>
+#include <utility>
 
 namespace vestrel::profile {
 namespace {
 
 constexpr std::size_t kBlock = sizeof(std::uint64_t);
 constexpr std::uint64_t kEachByte = 0x0101010101010101U;
+constexpr std::uint64_t kHighBits = kEachByte << 7U;
 
 char Fold(char c) noexcept {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
-std::uint64_t BlockAt(std::string_view text, std::size_t at) noexcept {
-  std::uint64_t block = 0;
-  std::memcpy(&block, text.data() + at, kBlock);
-  return block;
-}
-
-// The highest bit of each byte below 16, exactly up to the first such byte from the low end. In text these
-// are line ends and hardly anything else.
+// Both mark bytes of a block by their highest bits, exactly up to the first such byte from the low end: those
+// below 16, which in text are line ends and hardly anything else, and the "=".
 std::uint64_t LowBytes(std::uint64_t block) noexcept {
-  return (block - (kEachByte << 4U)) & ~block & (kEachByte << 7U);
+  return (block - (kEachByte << 4U)) & ~block & kHighBits;
+}
+std::uint64_t Dividers(std::uint64_t block) noexcept {
+  const std::uint64_t others = block ^ (kEachByte * '=');
+  return (others - kEachByte) & ~others & kHighBits;
 }
 
-// The first line end at or after `at`; the text's size when there is none. Much of the cost of reading and of
-// changing a file is here, so it looks at eight bytes at a time where the first byte is the low end.
-std::size_t FindLineEnd(std::string_view text, std::size_t at) noexcept {
+enum class Sought : bool { LineEnd, DividerOrLineEnd };
+
+template <Sought What>
+bool IsSought(char c) noexcept {
+  return IsLineEnd(c) || (What == Sought::DividerOrLineEnd && c == '=');
+}
+
+// Of a block's bytes that may be what is sought, as LowBytes.
+template <Sought What>
+std::uint64_t Marks(std::uint64_t block) noexcept {
+  return What == Sought::LineEnd ? LowBytes(block) : LowBytes(block) | Dividers(block);
+}
+
+// The first of what is sought at or after `at`; the text's size when there is none. Much of the cost of
+// reading and of changing a file is here, so it looks at eight bytes at a time where the first byte is the
+// low end.
+template <Sought What>
+std::size_t Find(std::string_view text, std::size_t at) noexcept {
   if constexpr (std::endian::native == std::endian::little) {
     while (at + kBlock <= text.size()) {
-      const std::uint64_t low = LowBytes(BlockAt(text, at));
-      at += low == 0 ? kBlock : static_cast<unsigned>(std::countr_zero(low)) / 8;
-      if (low == 0) continue;
-      if (IsLineEnd(text[at])) return at;
+      const std::uint64_t marks = Marks<What>(EightAt(text.data() + at));
+      at += marks == 0 ? kBlock : static_cast<unsigned>(std::countr_zero(marks)) / 8;
+      if (marks == 0) continue;
+      if (IsSought<What>(text[at])) return at;
       ++at;
     }
   }
-  while (at < text.size() && !IsLineEnd(text[at])) ++at;
+  while (at < text.size() && !IsSought<What>(text[at])) ++at;
   return at;
+}
+
+std::size_t FindLineEnd(std::string_view text, std::size_t at) noexcept {
+  return Find<Sought::LineEnd>(text, at);
 }
 
 std::size_t AfterLineEnd(std::string_view text, std::size_t end) noexcept {
@@ -49,16 +67,8 @@ std::size_t AfterLineEnd(std::string_view text, std::size_t end) noexcept {
   return end + (pair ? 2 : 1);
 }
 
-void ReadSection(Line& line, std::string_view content) noexcept {
-  line.kind = LineKind::Section;
-  content.remove_prefix(1);
-  line.name = TrimBlanks(content.substr(0, content.find(']')));
-}
-
-void ReadKey(Line& line, std::string_view content, std::size_t divider) noexcept {
-  line.kind = LineKind::Key;
-  line.name = TrimBlanks(content.substr(0, divider));
-  line.value = content.substr(divider + 1);
+std::string_view Part(std::string_view text, std::size_t begin, std::size_t end) noexcept {
+  return {text.data() + begin, end - begin};
 }
 
 }  // namespace
@@ -66,25 +76,17 @@ void ReadKey(Line& line, std::string_view content, std::size_t divider) noexcept
 // The last eight bytes overlap those before.
 bool HasLineEnd(std::string_view text) noexcept {
   if (text.size() < kBlock) return std::any_of(text.begin(), text.end(), IsLineEnd);
-  std::uint64_t low = LowBytes(BlockAt(text, text.size() - kBlock));
-  for (std::size_t at = 0; at + kBlock < text.size(); at += kBlock) low |= LowBytes(BlockAt(text, at));
+  std::uint64_t low = LowBytes(EightAt(text.data() + text.size() - kBlock));
+  for (std::size_t at = 0; at + kBlock < text.size(); at += kBlock)
+    low |= LowBytes(EightAt(text.data() + at));
   return low != 0 && FindLineEnd(text, 0) < text.size();
 }
 
-std::string_view TrimBlanks(std::string_view text) noexcept {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+bool HasDividerOrLineEnd(std::string_view text) noexcept {
+  return Find<Sought::DividerOrLineEnd>(text, 0) < text.size();
 }
 
-std::string_view TrimSpaces(std::string_view text) noexcept {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
-bool SameName(std::string_view a, std::string_view b) noexcept {
-  if (a.size() != b.size()) return false;
+bool SameNameOfAnySize(std::string_view a, std::string_view b) noexcept {
   // Names that differ mostly do so at an end, and those that do not are mostly spelled alike.
   if (a.size() >= kCompared &&
       (DifferBeyondCase(a.data(), b.data()) ||
@@ -102,22 +104,31 @@ std::size_t NextLine(std::string_view text, std::size_t begin) noexcept {
 }
 
 Line ReadLine(std::string_view text, std::size_t begin) noexcept {
+  std::size_t start = begin;
+  while (start < text.size() && IsBlank(text[start])) ++start;
   Line line;
   line.begin = begin;
-  line.end = FindLineEnd(text, begin);
-  line.next = AfterLineEnd(text, line.end);
-  std::string_view content = text.substr(begin, line.end - begin);
-  while (!content.empty() && IsBlank(content.front())) content.remove_prefix(1);
-  if (content.empty()) return line;
-  if (content.front() == '[') {
-    ReadSection(line, content);
-  } else if (content.front() == ';') {
+  const char first = start < text.size() ? text[start] : '\n';
+  if (first == '[') {
+    line.kind = LineKind::Section;
+    line.end = FindLineEnd(text, start);
+    const std::string_view name = Part(text, start + 1, line.end);
+    line.name = TrimBlanks(name.substr(0, name.find(']')));
+  } else if (first == ';') {
     line.kind = LineKind::Comment;
-  } else if (const std::size_t divider = content.find('='); divider != std::string_view::npos) {
-    ReadKey(line, content, divider);
+    line.end = FindLineEnd(text, start);
   } else {
-    line.kind = LineKind::Junk;
+    line.end = Find<Sought::DividerOrLineEnd>(text, start);
+    if (line.end < text.size() && text[line.end] == '=') {
+      const std::size_t divider = std::exchange(line.end, FindLineEnd(text, line.end + 1));
+      line.kind = LineKind::Key;
+      line.name = TrimBlanks(Part(text, start, divider));
+      line.value = Part(text, divider + 1, line.end);
+    } else if (line.end > start) {
+      line.kind = LineKind::Junk;
+    }
   }
+  line.next = AfterLineEnd(text, line.end);
   return line;
 }
 

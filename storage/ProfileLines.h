@@ -28,29 +28,60 @@ struct Line {
 
 // Space, tab, vertical tab, form feed and the old end-of-file mark.
 inline bool IsBlank(char c) noexcept {
-  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+  constexpr std::uint64_t kBlanks = 1ULL << ' ' | 1U << '\t' | 1U << '\v' | 1U << '\f' | 1U << 0x1AU;
+  const auto code = static_cast<unsigned char>(c);
+  return code <= ' ' && (kBlanks >> code & 1U) != 0;
+}
+inline bool IsSpace(char c) noexcept {
+  return c == ' ';
 }
 inline bool IsLineEnd(char c) noexcept {
   return c == '\r' || c == '\n';
 }
 bool HasLineEnd(std::string_view text) noexcept;
-std::string_view TrimBlanks(std::string_view text) noexcept;
-// Spaces alone, which is what callers' section and key names are freed of.
-std::string_view TrimSpaces(std::string_view text) noexcept;
+bool HasDividerOrLineEnd(std::string_view text) noexcept;
 
-// Whether eight bytes at each place differ in more than the bit that divides large from small letters.
+template <bool (*IsTrimmed)(char)>
+std::string_view Trim(std::string_view text) noexcept {
+  while (!text.empty() && IsTrimmed(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsTrimmed(text.back())) text.remove_suffix(1);
+  return text;
+}
+inline std::string_view TrimBlanks(std::string_view text) noexcept {
+  return Trim<IsBlank>(text);
+}
+// Spaces alone, which is what callers' section and key names are freed of.
+inline std::string_view TrimSpaces(std::string_view text) noexcept {
+  return Trim<IsSpace>(text);
+}
+
+// Eight bytes, and whether eight bytes at each place differ, and in more than the bit that divides large from
+// small letters.
 constexpr std::size_t kCompared = 8;
+inline std::uint64_t EightAt(const char* bytes) noexcept {
+  std::uint64_t eight = 0;
+  std::memcpy(&eight, bytes, kCompared);
+  return eight;
+}
+inline std::uint64_t Difference(const char* a, const char* b) noexcept {
+  return EightAt(a) ^ EightAt(b);
+}
 inline bool DifferBeyondCase(const char* a, const char* b) noexcept {
   constexpr std::uint64_t kCaseBits = 0x2020202020202020U;
-  std::uint64_t left = 0;
-  std::uint64_t right = 0;
-  std::memcpy(&left, a, kCompared);
-  std::memcpy(&right, b, kCompared);
-  return ((left ^ right) & ~kCaseBits) != 0;
+  return (Difference(a, b) & ~kCaseBits) != 0;
 }
 
 // Equal without regard to the case of ASCII letters.
-bool SameName(std::string_view a, std::string_view b) noexcept;
+bool SameNameOfAnySize(std::string_view a, std::string_view b) noexcept;
+inline bool SameName(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) return false;
+  // Most names are of one or two eights of bytes, the second of which overlaps the first, and spelled alike.
+  if (a.size() < kCompared || a.size() > 2 * kCompared) return SameNameOfAnySize(a, b);
+  const std::size_t last = a.size() - kCompared;
+  const std::uint64_t difference =
+      Difference(a.data(), b.data()) | Difference(a.data() + last, b.data() + last);
+  return difference == 0 || SameNameOfAnySize(a, b);
+}
 
 // Quick tests before SameName and ReadLine: false when `text` cannot begin with `name` in whatever case of
 // letters, and where the line after the one that begins at `begin` begins.

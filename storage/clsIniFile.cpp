@@ -36,6 +36,11 @@ void clsIniFile::UseKeyPrefix(std::u16string_view keyPrefix) {
   keyPrefix_.Append('_');
 }
 
+void clsIniFile::UseNarrowKeyPrefix(std::string_view keyPrefix) {
+  keyPrefix_.SetAscii(keyPrefix);
+  keyPrefix_.Append('_');
+}
+
 std::int32_t clsIniFile::ReadLong(std::u16string_view key, std::int32_t defaultValue) {
   TextBuffer text;
   ReadText(key, LongToText(defaultValue), text);
@@ -58,6 +63,11 @@ void clsIniFile::ReadText(std::u16string_view key, std::u16string_view defaultVa
   modIniFile::ReadIniText(fileName_, {section_, keyPrefix_, key}, defaultValue, text);
 }
 
+std::optional<std::string_view> clsIniFile::ReadBytes(std::string_view key,
+                                                      std::optional<std::string>& own) const {
+  return modIniFile::ReadIniBytes(fileName_, {section_, keyPrefix_, key}, own);
+}
+
 void clsIniFile::WriteLong(std::u16string_view key, std::int32_t value) {
   std::u16string text = LongToText(value);
   WriteString(key, text);
@@ -74,6 +84,10 @@ void clsIniFile::WriteBool(std::u16string_view key, bool value) {
 
 void clsIniFile::WriteText(std::u16string_view key, std::u16string_view value) const {
   modIniFile::WriteIniText(fileName_, {section_, keyPrefix_, key}, value);
+}
+
+void clsIniFile::WriteBytes(std::string_view key, std::string_view value) const {
+  modIniFile::WriteIniBytes(fileName_, {section_, keyPrefix_, key}, value);
 }
 
 void clsIniFile::DeleteKey(std::u16string_view key) {

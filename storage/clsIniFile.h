@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,14 +31,19 @@ class clsIniFile : public Object {
   void UseSection(std::u16string_view section);
   // From now on keys begin with `keyPrefix` and "_", also when `keyPrefix` is empty.
   void UseKeyPrefix(std::u16string_view keyPrefix);
+  // The same of a prefix that is all ASCII; for the library's own loops, as ReadText and WriteText are.
+  void UseNarrowKeyPrefix(std::string_view keyPrefix);
 
   // The value of the key, or the default when there is none; a value is cut to 254 characters. Raises 13 when
   // the text is no number (or neither a number nor "True" or "False"), 6 when it does not fit.
   std::int32_t ReadLong(std::u16string_view key, std::int32_t defaultValue);
   std::u16string ReadString(std::u16string_view key, std::u16string_view defaultValue);
-  // As ReadString, appended to `text`; for the library's own loops, as WriteText is.
+  // As ReadString, appended to `text`.
   void ReadText(std::u16string_view key, std::u16string_view defaultValue, TextBuffer& text) const;
   bool ReadBool(std::u16string_view key, bool defaultValue);
+  // The value whole and in the narrow page, none when there is none; `key` is all ASCII. It lies in `own` or
+  // in the batch that is open for the file, until that is used again.
+  std::optional<std::string_view> ReadBytes(std::string_view key, std::optional<std::string>& own) const;
 
   // No failed write is reported.
   void WriteLong(std::u16string_view key, std::int32_t value);
@@ -47,6 +53,8 @@ class clsIniFile : public Object {
   void WriteBool(std::u16string_view key, bool value);
   // As WriteString, for a value that is nobody's variable.
   void WriteText(std::u16string_view key, std::u16string_view value) const;
+  // The same of a value of at most 32767 bytes in the narrow page; `key` is all ASCII.
+  void WriteBytes(std::string_view key, std::string_view value) const;
   // Removes the key from the current section; an absent one is no failure.
   void DeleteKey(std::u16string_view key);
 

@@ -1,7 +1,6 @@
 #include "storage/modIniFile.h"
 
 #include <limits>
-#include <optional>
 #include <span>
 
 #include "core/Error.h"
@@ -17,13 +16,11 @@
 namespace vestrel::modIniFile {
 namespace {
 
-// As IniBatch::Find.
-std::optional<std::string_view> Find(std::u16string_view fileName, std::string_view section,
-                                     std::string_view key, std::optional<std::string>& own) {
-  if (IniBatch* batch = IniBatch::OpenFor(fileName)) return batch->Find(section, key, own);
+std::optional<std::string> FindOnDisk(std::u16string_view fileName, std::string_view section,
+                                      std::string_view key) {
   FileBytes bytes;
   if (ReadWholeFile(fileName, bytes) != platform::FileStatus::Ok) return std::nullopt;
-  return own = FindInFile(bytes.view(), section, key);
+  return FindInFile(bytes.view(), section, key);
 }
 
 void Write(std::u16string_view fileName, const ProfileEdit& edit) {
@@ -61,15 +58,6 @@ void Change(std::u16string_view fileName, const ValueName& name, std::optional<s
   narrow.WarnOfLosses();
 }
 
-void AppendWidened(std::string_view value, TextBuffer& text) {
-  if (value.size() <= kLongestRead && platform::CopyAscii(value, text.Room(value.size()))) {
-    text.Advance(value.size());
-  } else {
-    const std::size_t length = platform::encoding().CutLength(value, kLongestRead);
-    text.Append(platform::encoding().Widen(value.substr(0, length)));
-  }
-}
-
 }  // namespace
 
 std::u16string ReadIniString(std::u16string_view fileName, std::u16string_view section,
@@ -96,7 +84,7 @@ void ReadIniText(std::u16string_view fileName, const ValueName& name, std::u16st
   const NarrowCopy section(narrow, name.section);
   const NarrowCopy key(narrow, name.prefix, name.key);
   std::optional<std::string> own;
-  std::optional<std::string_view> value = Find(fileName, section.view(), key.view(), own);
+  std::optional<std::string_view> value = ReadIniBytes(fileName, section.view(), key.view(), own);
   if (!value) value = own = WithoutTrailingSpaces(narrow(defaultValue));
   AppendWidened(*value, text);
   narrow.WarnOfLosses();
@@ -104,6 +92,39 @@ void ReadIniText(std::u16string_view fileName, const ValueName& name, std::u16st
 
 void WriteIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view value) {
   Change(fileName, name, value, nullptr);
+}
+
+std::optional<std::string_view> ReadIniBytes(std::u16string_view fileName, std::string_view section,
+                                             std::string_view key, std::optional<std::string>& own) {
+  if (IniBatch* batch = IniBatch::OpenFor(fileName)) return batch->Find(section, key, own);
+  return own = FindOnDisk(fileName, section, key);
+}
+
+std::optional<std::string_view> ReadIniBytes(std::u16string_view fileName, const NarrowValueName& name,
+                                             std::optional<std::string>& own) {
+  NarrowText narrow;
+  const NarrowCopy section(narrow, name.section);
+  const NarrowCopy key(narrow, name.prefix, name.key);
+  const auto value = ReadIniBytes(fileName, section.view(), key.view(), own);
+  narrow.WarnOfLosses();
+  return value;
+}
+
+void AppendWidened(std::string_view value, TextBuffer& text) {
+  if (value.size() <= kLongestRead && platform::CopyAscii(value, text.Room(value.size()))) {
+    text.Advance(value.size());
+  } else {
+    const std::size_t length = platform::encoding().CutLength(value, kLongestRead);
+    text.Append(platform::encoding().Widen(value.substr(0, length)));
+  }
+}
+
+void WriteIniBytes(std::u16string_view fileName, const NarrowValueName& name, std::string_view value) {
+  NarrowText narrow;
+  const NarrowCopy section(narrow, name.section);
+  const NarrowCopy key(narrow, name.prefix, name.key);
+  Write(fileName, {section.view(), key.view(), value});
+  narrow.WarnOfLosses();
 }
 
 void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,

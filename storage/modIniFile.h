@@ -3,6 +3,7 @@
 // file format's rules are in docs/ini-format.md.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,12 +30,15 @@ std::u16string ReadIniString(std::u16string_view fileName, std::u16string_view s
 void WriteIniString(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,
                     std::u16string* value);
 
-// The section and the key of a value; the key's name begins with the prefix.
-struct ValueName {
+// The section and the key of a value; the key's name begins with the prefix. A narrow key is all ASCII.
+template <class Key>
+struct NameOf {
   const KeptName& section;
   const KeptName& prefix;
-  std::u16string_view key;
+  Key key;
 };
+using ValueName = NameOf<std::u16string_view>;
+using NarrowValueName = NameOf<std::string_view>;
 
 // As the two above, for whoever reads and writes many values: the value is appended to `text`; that of
 // WriteIniText is nobody's variable.
@@ -42,6 +46,17 @@ void ReadIniText(std::u16string_view fileName, const ValueName& name, std::u16st
                  TextBuffer& text);
 void WriteIniString(std::u16string_view fileName, const ValueName& name, std::u16string* value);
 void WriteIniText(std::u16string_view fileName, const ValueName& name, std::u16string_view value);
+
+// As these, in the narrow page: the value whole as the file has it, none when there is none, in `own` or in
+// the batch that is open, until that is used again.
+std::optional<std::string_view> ReadIniBytes(std::u16string_view fileName, std::string_view section,
+                                             std::string_view key, std::optional<std::string>& own);
+std::optional<std::string_view> ReadIniBytes(std::u16string_view fileName, const NarrowValueName& name,
+                                             std::optional<std::string>& own);
+// Appends what a reader gets of these bytes: at most kLongestRead.
+void AppendWidened(std::string_view value, TextBuffer& text);
+// A value of at most 32767 bytes.
+void WriteIniBytes(std::u16string_view fileName, const NarrowValueName& name, std::string_view value);
 
 // Logs one WARNING line when a value is longer than a read hands back. For whoever writes lists.
 void WarnIfCutOnReading(std::u16string_view fileName, std::u16string_view section, std::u16string_view key,

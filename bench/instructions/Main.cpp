@@ -16,6 +16,8 @@
 #include "core/Convert.h"
 #include "core/clsDictionary.h"
 #include "recording/clsRecordController.h"
+#include "storage/IniBatch.h"
+#include "storage/clsIniFile.h"
 #include "util/modLog.h"
 #include "util/modSprintf.h"
 
@@ -24,6 +26,7 @@ namespace {
 using namespace vestrel;
 
 constexpr std::int64_t kButtons = 832;
+constexpr std::int32_t kGroups = 10;
 constexpr std::int32_t kEvents = 1000;
 constexpr int kTimes = 100;
 
@@ -37,6 +40,19 @@ void Count(const char* name, const std::function<void()>& path) {
   CALLGRIND_DUMP_STATS_AT(name);
 }
 
+// The lines of all buttons, not forced to the disk.
+void SaveLines(const clsPage& page, clsIniFile& file) {
+  IniBatch batch(file, Sync::No);
+  for (std::int32_t g = 0; g < kGroups; ++g) {
+    file.UseSection(u"ButtonGroup" + LongToText(g));
+    for (Object* item : page.ButtonGroups(g)->buttons->Snapshot()) {
+      auto& button = Cast<clsButton>(item);
+      file.UseKeyPrefix(u"Button" + LongToText(button.buttonIndex));
+      button.saveToINI(&file);
+    }
+  }
+}
+
 void CountPages(const std::string& folder) {
   const Ref<clsPage> page = bench::NewPage(folder, u"Page");
   bench::Fill(*page, kButtons);
@@ -46,6 +62,16 @@ void CountPages(const std::string& folder) {
   Count("click saved, 832 lines", [&] {
     button.buttonType = button.buttonType == ButtonType_Sequence ? ButtonType_Multi : ButtonType_Sequence;
     page->saveSingleButton(&button);
+  });
+  const auto file = MakeRef<clsIniFile>();
+  file->UseFile(bench::LibraryPath(bench::FileOf(folder, "Page")));
+  Count("page save, 832 lines in ten commits", [&] {
+    bench::ChangeEveryLine(*page);
+    page->saveToINI();
+  });
+  Count("page save, 832 lines in one commit", [&] {
+    bench::ChangeEveryLine(*page);
+    SaveLines(*page, *file);
   });
   Count("page load, 832 buttons", [&] { page->loadFromINI(); });
 }

@@ -9,10 +9,19 @@
 namespace vestrel {
 namespace {
 
+// In both forms, which say the same.
 std::u16string ButtonLineText(const ButtonLine& line) {
   TextBuffer text;
   AppendButtonLine(line, text);
+  const NarrowButtonLine narrow(line);
+  EXPECT_TRUE(narrow.view().empty() || FromUtf8(narrow.view()) == text.view());
   return std::u16string(text.view());
+}
+
+bool Same(const ButtonLine& a, const ButtonLine& b) {
+  return a.name == b.name && a.buttonType == b.buttonType && a.playState == b.playState &&
+         a.bumpMode == b.bumpMode && a.faderMode == b.faderMode && a.faderValue == b.faderValue &&
+         a.locked == b.locked;
 }
 
 TEST(ButtonLineTest, JoinsTheSevenFieldsInOrder) {
@@ -56,6 +65,64 @@ TEST(ButtonLineTest, TakesWhatTheConversionsTake) {
   EXPECT_FALSE(line.locked);
   ASSERT_TRUE(ParseButtonLine(u"a|1|0|0|0|0|-1", line));
   EXPECT_TRUE(line.locked);
+}
+
+TEST(ButtonLineTest, TheNarrowFormSaysTheSameAndLeavesOtherNamesAlone) {
+  const ButtonLine line{
+      u"Intro", ButtonType_Auto, PlayState_Null, BumpMode_On, FaderMode_Speed, -2147483647 - 1, true};
+  EXPECT_EQ(NarrowButtonLine(line).view(), "Intro|4|999|1|1|-2147483648|True");
+  for (const std::size_t size : {0U, 7U, 8U, 120U, 121U, 1000U}) {
+    ButtonLine named = line;
+    const std::u16string name(size, u'n');
+    named.name = name;
+    EXPECT_EQ(NarrowButtonLine(named).view().empty(), size > 120);
+    ButtonLineText(named);
+  }
+  ButtonLine odd = line;
+  odd.name = u"\u00E4";
+  EXPECT_TRUE(NarrowButtonLine(odd).view().empty());
+}
+
+// What the narrow form does not take is left to the general one.
+TEST(ButtonLineTest, ANarrowLineIsReadAsAWideOneOrNotAtAll) {
+  const std::string_view lines[] = {"Intro|1|1|0|0|100|False",
+                                    "|2|0|1|2|7|True",
+                                    "n|12|0|0|0|123456789|True",
+                                    "n|1|0|0|0|1234567890|True",
+                                    "n|1|0|0|0|0|",
+                                    "n|1|0|0|0|0|Tru",
+                                    "n|1|0|0|0|0|Truer",
+                                    "n|1|0|0|0|0|true",
+                                    "n|1|0|0|0|0",
+                                    "n|1|0|0|0|",
+                                    "n|",
+                                    "",
+                                    "n|1|0|0|0|0|False|",
+                                    "n|32768|0|0|0|0|False",
+                                    "n|32767|0|0|0|0|False",
+                                    "n|1|99999|0|0|0|False",
+                                    "n| 1|0|0|0|0|False",
+                                    "\xC3\xA4|1|0|0|0|0|False"};
+  int taken = 0;
+  for (const std::string_view bytes : lines) {
+    TextBuffer text;
+    ButtonLine narrow;
+    if (!ParseButtonLine(bytes, text, narrow)) continue;
+    ++taken;
+    const std::u16string wideText = FromUtf8(bytes);
+    ButtonLine wide;
+    EXPECT_TRUE(ParseButtonLine(wideText, wide)) << bytes;
+    EXPECT_TRUE(Same(narrow, wide)) << bytes;
+  }
+  EXPECT_EQ(taken, 5);
+}
+
+TEST(ButtonLineTest, TheKeyIsThePrefixAndTheNameOfTheLine) {
+  for (const std::int32_t index : {1, 9, 10, 88, -1, 2147483647, -2147483647 - 1}) {
+    const std::string number = ToUtf8(LongToText(index));
+    EXPECT_EQ(ButtonKey(index).prefix(), "Button" + number);
+    EXPECT_EQ(ButtonKey(index).view(), "Button" + number + "_fields");
+  }
 }
 
 // Long numbers and odd words are read by the general rule, whichever way the rest of the line is read.

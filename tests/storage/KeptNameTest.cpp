@@ -7,20 +7,20 @@ namespace {
 
 TEST(KeptNameTest, IsWhatWasSetLast) {
   KeptName name;
-  EXPECT_TRUE(name.isAscii());
-  EXPECT_EQ(name.ascii(), "");
+  EXPECT_TRUE(name.isNarrow());
+  EXPECT_EQ(name.narrow(), "");
   name.Set(u"Button12");
   name.Append('_');
-  EXPECT_EQ(name.ascii(), "Button12_");
+  EXPECT_EQ(name.narrow(), "Button12_");
   EXPECT_EQ(name.text(), u"Button12_");
   name.Set(u"a longer name than the one before");
-  EXPECT_EQ(name.ascii(), "a longer name than the one before");
-  name.Set(std::u16string(100, u'a'));
-  EXPECT_EQ(name.ascii(), std::string(100, 'a'));
+  EXPECT_EQ(name.narrow(), "a longer name than the one before");
+  name.SetAscii("Button13");
+  EXPECT_EQ(name.narrow(), "Button13");
   name.Set(u"b");
-  EXPECT_EQ(name.ascii(), "b");
+  EXPECT_EQ(name.narrow(), "b");
   name.Set(u"b");
-  EXPECT_EQ(name.ascii(), "b");
+  EXPECT_EQ(name.narrow(), "b");
   name.Set(u"\u0162");
   EXPECT_EQ(name.text(), u"\u0162");
   name.Clear();
@@ -29,18 +29,35 @@ TEST(KeptNameTest, IsWhatWasSetLast) {
 
 TEST(KeptNameTest, KeepsOtherLettersAsTheyAre) {
   KeptName name(u"Gr\u00FC\u00DFe, lang");
-  EXPECT_FALSE(name.isAscii());
+  EXPECT_FALSE(name.isNarrow());
   EXPECT_EQ(name.text(), u"Gr\u00FC\u00DFe, lang");
   name.Set(u"\u20AC");
   name.Append('_');
-  EXPECT_FALSE(name.isAscii());
+  EXPECT_FALSE(name.isNarrow());
   EXPECT_EQ(name.text(), u"\u20AC_");
   const std::u16string longOne(100, u'\u20AC');
   name.Set(longOne);
   EXPECT_EQ(name.text(), longOne);
   name.Set(u"plain");
-  EXPECT_TRUE(name.isAscii());
+  EXPECT_TRUE(name.isNarrow());
   EXPECT_EQ(name.text(), u"plain");
+}
+
+TEST(KeptNameTest, MayBeOfAnyLength) {
+  for (const std::size_t size : {0U, 1U, 8U, 63U, 64U, 65U, 200U}) {
+    const std::u16string wide(size, u'a');
+    KeptName name(u"before");
+    name.Set(wide);
+    EXPECT_EQ(name.text(), wide);
+    name.Set(u"before");
+    name.SetAscii(std::string(size, 'a'));
+    EXPECT_EQ(name.text(), wide);
+    name.Append('_');
+    EXPECT_EQ(name.text(), wide + u"_");
+    name.Set(u"\u20AC");
+    name.SetAscii("plain");
+    EXPECT_EQ(name.text(), u"plain");
+  }
 }
 
 }  // namespace
