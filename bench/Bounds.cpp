@@ -22,6 +22,8 @@ namespace {
 
 using namespace vestrel;
 
+namespace fs = std::filesystem;
+
 constexpr std::int64_t kShort = 100'000;
 constexpr std::int64_t kLong = 1'000'000;
 // Ten milliseconds for a hundred kilobytes.
@@ -49,7 +51,7 @@ void Try(Work work) {
   }
 }
 
-using Load = void (*)(const std::string& folder, const std::string& file);
+using Load = void (*)(const std::string& app, const std::string& file);
 
 void AddShapes(const std::string& what, const std::string& file, Load load,
                const std::vector<Shape>& shapes) {
@@ -57,12 +59,12 @@ void AddShapes(const std::string& what, const std::string& file, Load load,
   for (const Shape& shape : shapes) {
     const std::string who = "Vestrel (" + shape.name + ")";
     for (const std::int64_t size : {kShort, kLong}) {
-      const std::string folder =
-          bench::Folder() + "/" + file + std::to_string(number) + "-" + std::to_string(size);
-      const std::string path = folder + "/Sequences/Show/Page/" + file;
-      std::filesystem::create_directories(folder + "/Sequences/Show/Page");
+      const fs::path app = fs::path(bench::Folder()) / (file + std::to_string(number)) / std::to_string(size);
+      const fs::path folder = app / "Sequences" / "Show" / "Page";
+      const fs::path path = folder / file;
+      fs::create_directories(folder);
       std::ofstream(path, std::ios::binary) << Filled(shape, size);
-      bench::Add(bench::Case{what, who, size, 1, [=] { Try([&] { load(folder, path); }); }});
+      bench::Add(bench::Case{what, who, size, 1, [=] { Try([&] { load(app.string(), path.string()); }); }});
     }
     bench::Growth growth{
         "each byte of " + what + ": " + shape.name, what, kShort, kLong, kNanosecondsAByte, who};
@@ -71,19 +73,19 @@ void AddShapes(const std::string& what, const std::string& file, Load load,
   }
 }
 
-void LoadPage(const std::string& folder, const std::string& /*file*/) {
+void LoadPage(const std::string& app, const std::string& /*file*/) {
   const auto page = MakeRef<clsPage>();
-  page->Init(bench::LibraryPath(folder), nullptr, u"Show", u"Page");
+  page->Init(bench::LibraryPath(app), nullptr, u"Show", u"Page");
   page->loadFromINI();
 }
 
-void LoadMulti(const std::string& folder, const std::string& /*file*/) {
+void LoadMulti(const std::string& app, const std::string& /*file*/) {
   const auto multi = MakeRef<clsMultiFile>();
-  multi->Init(bench::LibraryPath(folder), u"Show", u"Page", u"Calm");
+  multi->Init(bench::LibraryPath(app), u"Show", u"Page", u"Calm");
   multi->Load();
 }
 
-void LoadTake(const std::string& /*folder*/, const std::string& file) {
+void LoadTake(const std::string& /*app*/, const std::string& file) {
   const auto record = MakeRef<clsRecordController>();
   record->Init(nullptr);
   const auto noButtons = MakeRef<clsDictionary>();
