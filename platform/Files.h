@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vestrel::platform {
@@ -44,11 +45,9 @@ enum class LockMode : std::uint8_t {
   TryExclusive,  // alone, answering Busy instead of waiting
 };
 
-// Identity and shape of a file, to notice that a path now names another file.
 struct FileInfo {
   std::uint64_t size = 0;
-  std::uint64_t identity = 0;  // the same number as long as it is the same file
-  bool readOnly = false;       // no write permission bit is set, whoever asks
+  bool readOnly = false;  // no write permission bit is set, whoever asks
   bool directory = false;
 };
 
@@ -66,9 +65,9 @@ class File {
   virtual FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) = 0;
   virtual FileStatus Truncate(std::uint64_t size) = 0;
   virtual FileStatus Info(FileInfo& info) = 0;
-  // FileInfo::identity as it was found on opening, and where Lock opened the file again as it is since. Asks
-  // nothing of the system. Not for an AppendOn file.
-  virtual std::uint64_t Identity() const noexcept = 0;
+  // As Info, for a file that Files::OpenLocked opened by `path`: NotFound when that name stands for another
+  // file since, or for none.
+  virtual FileStatus InfoByName(std::u16string_view path, FileInfo& info) = 0;
   // Gives this file the permissions of `like` (a file of the same Files), and its owner as far as the system
   // lets us.
   virtual FileStatus CopyAccess(File& like) = 0;
@@ -93,6 +92,16 @@ class Files {
   virtual ~Files() = default;
 
   virtual FileStatus Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) = 0;
+  // Opens the file and takes its lock. Who had the lock before may have put another file in its place, which
+  // File::InfoByName tells.
+  virtual FileStatus OpenLocked(std::u16string_view path, OpenMode mode, LockMode lock,
+                                std::unique_ptr<File>& file) {
+    std::unique_ptr<File> opened;
+    FileStatus status = Open(path, mode, opened);
+    if (status == FileStatus::Ok) status = opened->Lock(lock);
+    if (status == FileStatus::Ok) file = std::move(opened);
+    return status;
+  }
   // Follows nothing that is not there: NotFound or PathNotFound for an absent one.
   virtual FileStatus Info(std::u16string_view path, FileInfo& info) = 0;
   // Whether Info would answer Ok: quicker where all that matters is that there is nothing.

@@ -56,21 +56,21 @@ FileStatus ProfileFile::Commit(std::span<const ProfileEdit> edits, Sync sync) {
 
 FileStatus ProfileFile::Try(std::span<const ProfileEdit> edits, Sync sync, bool& again) {
   std::unique_ptr<File> target;
-  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::ReadWrite, target); });
+  const FileStatus status = Uninterrupted(
+      [&] { return files().OpenLocked(path_, OpenMode::ReadWrite, LockMode::Exclusive, target); });
   if (status == FileStatus::NotFound) return Create(edits, sync, again);
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return target->Lock(LockMode::Exclusive); });
   return status == FileStatus::Ok ? Change(*target, edits, sync, again) : status;
 }
 
 // While we waited for the lock another writer may have put a new file in place; the one we hold is then no
 // longer the file of that name.
 FileStatus ProfileFile::Change(File& target, std::span<const ProfileEdit> edits, Sync sync, bool& again) {
-  FileInfo named;
-  FileStatus status = Uninterrupted([&] { return files().Info(path_, named); });
-  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != target.Identity());
-  if (status != FileStatus::Ok || again) return status;
+  FileInfo info;
+  FileStatus status = Uninterrupted([&] { return target.InfoByName(path_, info); });
+  again = status == FileStatus::NotFound;
+  if (status != FileStatus::Ok) return status;
   FileBytes bytes;
-  status = ReadAll(target, named.size, bytes);
+  status = ReadAll(target, info.size, bytes);
   if (status != FileStatus::Ok) return status;
   const ProfileChange change = PlanChange(bytes.view(), edits);
   if (change.kind == ProfileChange::Kind::Whole) return Replace(target, change.bytes, sync);

@@ -41,22 +41,19 @@ FileStatus ScratchFile::Open(std::u16string_view target, LockMode lock) {
 // name no longer stands for it and we start over. A link or a read-only file under our name is none of ours
 // and goes.
 FileStatus ScratchFile::OpenOnce(LockMode lock, bool& again) {
-  FileStatus status = Uninterrupted([&] { return files().Open(path_, OpenMode::Scratch, file_); });
+  FileStatus status =
+      Uninterrupted([&] { return files().OpenLocked(path_, OpenMode::Scratch, lock, file_); });
   if (status == FileStatus::AccessDenied) {
     again = files().Remove(path_) == FileStatus::Ok;
     return status;
   }
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file_->Lock(lock); });
-  FileInfo own;
-  FileInfo named;
-  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file_->Info(own); });
-  if (status != FileStatus::Ok) return status;
-  status = Uninterrupted([&] { return files().Info(path_, named); });
-  again = status == FileStatus::NotFound || (status == FileStatus::Ok && named.identity != own.identity);
+  FileInfo info;
+  if (status == FileStatus::Ok) status = Uninterrupted([&] { return file_->InfoByName(path_, info); });
+  again = status == FileStatus::NotFound;
   if (again) status = FileStatus::Busy;
   size_ = 0;
-  return status == FileStatus::Ok && own.size > 0 ? Uninterrupted([&] { return file_->Truncate(0); })
-                                                  : status;
+  return status == FileStatus::Ok && info.size > 0 ? Uninterrupted([&] { return file_->Truncate(0); })
+                                                   : status;
 }
 
 FileStatus ScratchFile::Append(std::string_view bytes) {

@@ -89,40 +89,46 @@ FileStatus StatusOfPathCall(int result, const std::string& path) {
   return status == FileStatus::NotFound && !FolderOfExists(path) ? FileStatus::PathNotFound : status;
 }
 
-FileInfo InfoOf(std::uint64_t size, std::uint64_t number, std::uint64_t device, mode_t mode) {
+// With a number that is the same as long as it is the same file, to notice that a path now names another.
+struct KnownFile {
   FileInfo info;
-  info.size = size;
-  info.identity = number ^ (device * 0x9E3779B97F4A7C15U);
-  info.readOnly = (mode & kWriteBits) == 0;
-  info.directory = S_ISDIR(mode);
-  return info;
+  std::uint64_t identity = 0;
+};
+
+KnownFile KnownBy(std::uint64_t size, std::uint64_t number, std::uint64_t device, mode_t mode) {
+  KnownFile file;
+  file.info.size = size;
+  file.info.readOnly = (mode & kWriteBits) == 0;
+  file.info.directory = S_ISDIR(mode);
+  file.identity = number ^ (device * 0x9E3779B97F4A7C15U);
+  return file;
 }
 
 // Both answer as the system does: 0, or -1 and errno. An empty name stands for the descriptor itself.
-int AskForAll(int descriptor, const char* name, FileInfo& info) {
+int AskForAll(int descriptor, const char* name, KnownFile& file) {
   struct stat data {};
   const int result = *name == '\0' ? fstat(descriptor, &data) : stat(name, &data);
   if (result == 0)
-    info = InfoOf(static_cast<std::uint64_t>(data.st_size), data.st_ino, data.st_dev, data.st_mode);
+    file = KnownBy(static_cast<std::uint64_t>(data.st_size), data.st_ino, data.st_dev, data.st_mode);
   return result;
 }
 
 #ifdef STATX_SIZE
 // Without the times: a file system that was asked for them notes the time of the next write exactly, and that
 // write takes several times as long.
-int Ask(int descriptor, const char* name, FileInfo& info) {
+int Ask(int descriptor, const char* name, KnownFile& file) {
   struct statx data {};
   const int result =
       statx(descriptor, name, AT_EMPTY_PATH, STATX_TYPE | STATX_MODE | STATX_INO | STATX_SIZE, &data);
   // Some sandboxes lack the call.
-  if (result != 0 && (errno == ENOSYS || errno == EPERM)) return AskForAll(descriptor, name, info);
+  if (result != 0 && (errno == ENOSYS || errno == EPERM)) return AskForAll(descriptor, name, file);
   if (result != 0) return result;
-  info = InfoOf(data.stx_size, data.stx_ino, makedev(data.stx_dev_major, data.stx_dev_minor), data.stx_mode);
+  file = KnownBy(data.stx_size, data.stx_ino, makedev(data.stx_dev_major, data.stx_dev_minor), data.stx_mode);
   return 0;
 }
 #else
-int Ask(int descriptor, const char* name, FileInfo& info) {
-  return AskForAll(descriptor, name, info);
+int Ask(int descriptor, const char* name, KnownFile& file) {
+  return AskForAll(descriptor, name, file);
 }
 #endif
 
@@ -152,19 +158,32 @@ class PosixFile final : public File {
     return StatusOfCall(ftruncate(descriptor_, static_cast<off_t>(size)));
   }
 
-  FileStatus Info(FileInfo& info) override { return StatusOfCall(Ask(descriptor_, "", info)); }
-  std::uint64_t Identity() const noexcept override { return identity_; }
+  FileStatus Info(FileInfo& info) override {
+    KnownFile own;
+    const FileStatus status = StatusOfCall(Ask(descriptor_, "", own));
+    if (status == FileStatus::Ok) info = own.info;
+    return status;
+  }
+
+  FileStatus InfoByName(std::u16string_view path, FileInfo& info) override {
+    const std::string name = SystemPath(path);
+    KnownFile named;
+    const FileStatus status = StatusOfPathCall(Ask(AT_FDCWD, name.c_str(), named), name);
+    if (status != FileStatus::Ok) return status;
+    info = named.info;
+    return named.identity == identity_ ? FileStatus::Ok : FileStatus::NotFound;
+  }
 
   // The superuser may open everything; the library still honours a file that nobody may write, and a folder
   // is no file.
   FileStatus CheckOpened(OpenMode mode) {
-    FileInfo info;
-    const FileStatus status = Info(info);
+    KnownFile own;
+    const FileStatus status = StatusOfCall(Ask(descriptor_, "", own));
     if (status != FileStatus::Ok) return status;
-    identity_ = info.identity;
-    const bool refused = info.directory || (mode != OpenMode::Read && info.readOnly);
+    identity_ = own.identity;
+    const bool refused = own.info.directory || (mode != OpenMode::Read && own.info.readOnly);
     if (refused) return FileStatus::AccessDenied;
-    return mode == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
+    return mode == OpenMode::Create && own.info.size > 0 ? Truncate(0) : FileStatus::Ok;
   }
 
   FileStatus CopyAccess(File& like) override {
@@ -250,12 +269,15 @@ class PosixFiles final : public Files {
   FileStatus Info(std::u16string_view path, FileInfo& info) override {
     const std::string name = SystemPath(path);
     if (name.empty()) return FileStatus::BadName;
-    return StatusOfPathCall(Ask(AT_FDCWD, name.c_str(), info), name);
+    KnownFile named;
+    const FileStatus status = StatusOfPathCall(Ask(AT_FDCWD, name.c_str(), named), name);
+    if (status == FileStatus::Ok) info = named.info;
+    return status;
   }
 
   bool IsThere(std::u16string_view path) override {
     const std::string name = SystemPath(path);
-    FileInfo ignored;
+    KnownFile ignored;
     return !name.empty() && Ask(AT_FDCWD, name.c_str(), ignored) == 0;
   }
 

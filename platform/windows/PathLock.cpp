@@ -1,41 +1,76 @@
 #include "platform/windows/PathLock.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <mutex>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "platform/windows/WindowsText.h"
 
 namespace vestrel::platform {
 namespace {
 
-// The system would let a thread take its own lock twice. One table for all threads, as it must outlive what
-// they hold.
-class HeldLocks {
+// The locks of this process: one table for all threads, as it must outlive what they hold.
+class ProcessLocks {
  public:
-  bool Has(const std::wstring& name) {
+  ProcessLocks() { kept_.reserve(kMostKept + 1); }
+
+  // Whether this thread holds it: the system would let it take its own lock twice.
+  bool IsHeld(const std::wstring& name) {
     const std::lock_guard guard(mutex_);
-    return names_.count({GetCurrentThreadId(), name}) != 0;
+    return held_.count({GetCurrentThreadId(), name}) != 0;
   }
-  void Add(const std::wstring& name) {
+  void Hold(const std::wstring& name) {
     const std::lock_guard guard(mutex_);
-    names_.emplace(GetCurrentThreadId(), name);
+    held_.emplace(GetCurrentThreadId(), name);
   }
-  void Remove(const std::wstring& name) {
+  void Release(const std::wstring& name) {
     const std::lock_guard guard(mutex_);
-    names_.erase({GetCurrentThreadId(), name});
+    held_.erase({GetCurrentThreadId(), name});
+  }
+
+  // A mutex that was kept under this name, which is the caller's now; none: nullptr.
+  HANDLE TakeKept(const std::wstring& name) {
+    const std::lock_guard guard(mutex_);
+    const auto found = FindKept(name);
+    if (found == kept_.end()) return nullptr;
+    const HANDLE handle = found->second;
+    kept_.erase(found);
+    return handle;
+  }
+  // Keeps a mutex open that is likely to be wanted again, as a page's file is written at each click of its
+  // buttons: opening and closing it costs as much as locking and unlocking. Needs no memory.
+  void Keep(std::wstring name, HANDLE handle) noexcept {
+    const std::lock_guard guard(mutex_);
+    if (FindKept(name) != kept_.end()) {
+      CloseHandle(handle);
+      return;
+    }
+    kept_.emplace_back(std::move(name), handle);
+    if (kept_.size() <= kMostKept) return;
+    CloseHandle(kept_.front().second);
+    kept_.erase(kept_.begin());
   }
 
  private:
+  static constexpr std::size_t kMostKept = 16;
+  using Kept = std::vector<std::pair<std::wstring, HANDLE>>;
+
+  Kept::iterator FindKept(const std::wstring& name) {
+    return std::find_if(kept_.begin(), kept_.end(), [&](const auto& entry) { return entry.first == name; });
+  }
+
   std::mutex mutex_;
-  std::set<std::pair<DWORD, std::wstring>> names_;
+  std::set<std::pair<DWORD, std::wstring>> held_;
+  Kept kept_;  // the latest last
 };
 
 // Never destroyed: at the end of the process files that are still open let go of their locks after that.
-HeldLocks& Held() {
-  static auto* const held = new HeldLocks;
-  return *held;
+ProcessLocks& Locks() {
+  static auto* const locks = new ProcessLocks;
+  return *locks;
 }
 
 std::wstring LockName(const std::wstring& path) {
@@ -64,7 +99,8 @@ PathLock::~PathLock() {
 FileStatus PathLock::Try(const std::wstring& path) {
   Release();
   name_ = LockName(path);
-  mutex_ = OpenMutexForAll(name_);
+  mutex_ = Locks().TakeKept(name_);
+  if (mutex_ == nullptr) mutex_ = OpenMutexForAll(name_);
   return mutex_ != nullptr ? Take(0) : FileStatus::IoError;
 }
 
@@ -73,29 +109,23 @@ FileStatus PathLock::Wait() {
 }
 
 FileStatus PathLock::Take(unsigned long milliseconds) {
-  if (Held().Has(name_)) return FileStatus::Busy;
+  if (Locks().IsHeld(name_)) return FileStatus::Busy;
   const DWORD result = WaitForSingleObject(mutex_, milliseconds);
   if (result == WAIT_TIMEOUT) return FileStatus::Busy;
   // A holder that died left the file whole, as every change of it is.
   if (result != WAIT_OBJECT_0 && result != WAIT_ABANDONED) return FileStatus::IoError;
   held_ = true;
-  Held().Add(name_);
+  Locks().Hold(name_);
   return FileStatus::Ok;
 }
 
 FileStatus PathLock::Release() {
-  if (held_) {
-    held_ = false;
-    Held().Remove(name_);
+  if (std::exchange(held_, false)) {
+    Locks().Release(name_);
     ReleaseMutex(mutex_);
   }
-  Drop();
+  if (mutex_ != nullptr) Locks().Keep(std::move(name_), std::exchange(mutex_, nullptr));
   return FileStatus::Ok;
-}
-
-void PathLock::Drop() {
-  if (mutex_ != nullptr) CloseHandle(mutex_);
-  mutex_ = nullptr;
 }
 
 }  // namespace vestrel::platform

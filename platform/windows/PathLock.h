@@ -24,7 +24,6 @@ class PathLock {
 
  private:
   FileStatus Take(unsigned long milliseconds);
-  void Drop();
 
   void* mutex_ = nullptr;
   std::wstring name_;

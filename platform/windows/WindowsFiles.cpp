@@ -71,25 +71,19 @@ class Handle {
   HANDLE handle_;
 };
 
+// All at once would ask for the volume's number as well, which emulations of the system ask another process.
 FileStatus InfoOf(HANDLE handle, FileInfo& info) {
-  BY_HANDLE_FILE_INFORMATION data{};
-  if (GetFileInformationByHandle(handle, &data) == FALSE) return StatusOf(GetLastError());
-  info.size = (std::uint64_t{data.nFileSizeHigh} << 32U) | data.nFileSizeLow;
-  info.identity = ((std::uint64_t{data.nFileIndexHigh} << 32U) | data.nFileIndexLow) ^
-                  (std::uint64_t{data.dwVolumeSerialNumber} * 0x9E3779B97F4A7C15U);
-  info.readOnly = (data.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
-  info.directory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  FILE_BASIC_INFO basic{};
+  FILE_STANDARD_INFO standard{};
+  const bool isTold =
+      GetFileInformationByHandleEx(handle, FileBasicInfo, &basic, sizeof basic) != FALSE &&
+      GetFileInformationByHandleEx(handle, FileStandardInfo, &standard, sizeof standard) != FALSE;
+  if (!isTold) return StatusOf(GetLastError());
+  info.size = static_cast<std::uint64_t>(standard.EndOfFile.QuadPart);
+  info.readOnly = (basic.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  info.directory = standard.Directory != FALSE;
   return FileStatus::Ok;
 }
-
-OVERLAPPED At(std::uint64_t offset) {
-  OVERLAPPED position{};
-  position.Offset = static_cast<DWORD>(offset);
-  position.OffsetHigh = static_cast<DWORD>(offset >> 32U);
-  return position;
-}
-
-constexpr std::uint64_t kEndOfFile = 0xFFFFFFFF'FFFFFFFFU;
 
 struct OpenArguments {
   DWORD access;
@@ -115,6 +109,10 @@ OpenArguments ArgumentsOf(OpenMode mode) {
       return {GENERIC_READ, OPEN_EXISTING};
   }
 }
+
+constexpr DWORD kCopiedAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                                    FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+constexpr DWORD kUsualAccessList = 1024;  // bytes
 
 // About a quarter of a second in all.
 constexpr DWORD kAttempts = 32;
@@ -142,59 +140,61 @@ class WindowsFile final : public File {
   }
 
   FileStatus ReadAt(std::uint64_t offset, std::span<char> buffer, std::size_t& done) override {
-    OVERLAPPED position = At(offset);
+    done = 0;
     DWORD count = 0;
-    const BOOL succeeded =
-        ReadFile(handle_.get(), buffer.data(), static_cast<DWORD>(buffer.size()), &count, &position);
+    const bool succeeded = MoveTo(offset) && ReadFile(handle_.get(), buffer.data(),
+                                                      static_cast<DWORD>(buffer.size()), &count, nullptr);
     done = count;
-    const bool atEnd = succeeded == FALSE && GetLastError() == ERROR_HANDLE_EOF;
-    return atEnd ? FileStatus::Ok : StatusOfCall(succeeded);
+    return StatusOfCall(succeeded);
   }
 
   FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) override {
+    // A file that may only be appended to is written at its end wherever we are.
     const bool appends = mode_ == OpenMode::Append || mode_ == OpenMode::AppendOn;
-    OVERLAPPED position = At(appends ? kEndOfFile : offset);
     DWORD count = 0;
-    const BOOL succeeded =
-        WriteFile(handle_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, &position);
+    const bool succeeded =
+        (appends || MoveTo(offset)) &&
+        WriteFile(handle_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
     done = count;
     return StatusOfCall(succeeded);
   }
 
   FileStatus Truncate(std::uint64_t size) override {
-    LARGE_INTEGER position{};
-    position.QuadPart = static_cast<LONGLONG>(size);
-    if (SetFilePointerEx(handle_.get(), position, nullptr, FILE_BEGIN) == FALSE)
-      return StatusOf(GetLastError());
-    return StatusOfCall(SetEndOfFile(handle_.get()));
+    return StatusOfCall(MoveTo(size) && SetEndOfFile(handle_.get()));
   }
 
   FileStatus Info(FileInfo& info) override { return InfoOf(handle_.get(), info); }
-  std::uint64_t Identity() const noexcept override { return identity_; }
+  // Opened under the lock of its name, so that the name stands for it and it is as it was then.
+  FileStatus InfoByName(std::u16string_view /*path*/, FileInfo& info) override {
+    info = opened_;
+    return FileStatus::Ok;
+  }
 
   FileStatus CopyAccess(File& like) override {
     const HANDLE model = static_cast<WindowsFile&>(like).handle_.get();
     CopyAccessList(model);
-    BY_HANDLE_FILE_INFORMATION data{};
-    if (GetFileInformationByHandle(model, &data) == FALSE) return StatusOf(GetLastError());
-    FILE_BASIC_INFO attributes{};
-    attributes.FileAttributes =
-        data.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                                 FILE_ATTRIBUTE_NOT_CONTENT_INDEXED);
-    if (attributes.FileAttributes == 0) attributes.FileAttributes = FILE_ATTRIBUTE_NORMAL;
-    return StatusOfCall(
-        SetFileInformationByHandle(handle_.get(), FileBasicInfo, &attributes, sizeof attributes));
+    FILE_BASIC_INFO theirs{};
+    if (GetFileInformationByHandleEx(model, FileBasicInfo, &theirs, sizeof theirs) == FALSE)
+      return StatusOf(GetLastError());
+    FILE_BASIC_INFO own{};
+    own.FileAttributes = theirs.FileAttributes & kCopiedAttributes;
+    if (own.FileAttributes == 0) own.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+    return StatusOfCall(SetFileInformationByHandle(handle_.get(), FileBasicInfo, &own, sizeof own));
   }
 
   FileStatus Sync() override { return StatusOfCall(FlushFileBuffers(handle_.get())); }
 
-  // Who waits has the file closed, or its replacement could not be put in place; afterwards the handle stands
-  // for the file that has the name now.
+  // Opened anew under the lock, so that the handle stands for the file that has the name now; for who only
+  // reads the old one will do. Who waits has the file closed, or its replacement could not be put in place.
   FileStatus Lock(LockMode mode) override {
-    FileStatus status = lock_.Try(path_);
-    if (status != FileStatus::Busy || mode == LockMode::TryExclusive) return status;
+    if (mode == LockMode::Shared && lock_.Try(path_) == FileStatus::Ok) return FileStatus::Ok;
     handle_.Close();
-    status = lock_.Wait();
+    return OpenLocked(mode);
+  }
+
+  FileStatus OpenLocked(LockMode mode) {
+    FileStatus status = lock_.Try(path_);
+    if (status == FileStatus::Busy && mode != LockMode::TryExclusive) status = lock_.Wait();
     return status == FileStatus::Ok ? Open() : status;
   }
 
@@ -202,8 +202,9 @@ class WindowsFile final : public File {
   FileStatus LetGo() override { return handle_.Close(); }
 
   FileStatus Close() override {
+    const FileStatus status = handle_.Close();
     lock_.Release();
-    return handle_.Close();
+    return status;
   }
 
  private:
@@ -214,31 +215,39 @@ class WindowsFile final : public File {
                               arguments.flags, nullptr));
     if (!handle_.IsOpen()) return StatusOf(GetLastError());
     if (mode_ == OpenMode::AppendOn) return FileStatus::Ok;
-    FileInfo info;
-    const FileStatus status = Info(info);
+    const FileStatus status = Info(opened_);
     if (status != FileStatus::Ok) return status;
-    identity_ = info.identity;
-    const bool refused = info.directory || (mode_ != OpenMode::Read && info.readOnly);
+    const bool refused = opened_.directory || (mode_ != OpenMode::Read && opened_.readOnly);
     if (refused) return FileStatus::AccessDenied;
-    return mode_ == OpenMode::Create && info.size > 0 ? Truncate(0) : FileStatus::Ok;
+    return mode_ == OpenMode::Create && opened_.size > 0 ? Truncate(0) : FileStatus::Ok;
+  }
+
+  bool MoveTo(std::uint64_t offset) {
+    LARGE_INTEGER position{};
+    position.QuadPart = static_cast<LONGLONG>(offset);
+    return SetFilePointerEx(handle_.get(), position, nullptr, FILE_BEGIN) != FALSE;
   }
 
   // File systems without access lists have none to copy.
   void CopyAccessList(HANDLE model) {
-    DWORD size = 0;
-    GetKernelObjectSecurity(model, DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    if (size == 0) return;
+    DWORD size = kUsualAccessList;
     std::string descriptor(size, '\0');
-    if (GetKernelObjectSecurity(model, DACL_SECURITY_INFORMATION, descriptor.data(), size, &size) == FALSE)
-      return;
-    SetKernelObjectSecurity(handle_.get(), DACL_SECURITY_INFORMATION, descriptor.data());
+    const auto get = [&] {
+      return GetKernelObjectSecurity(model, DACL_SECURITY_INFORMATION, descriptor.data(), size, &size);
+    };
+    BOOL isTold = get();
+    if (isTold == FALSE && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+      descriptor.resize(size);
+      isTold = get();
+    }
+    if (isTold != FALSE) SetKernelObjectSecurity(handle_.get(), DACL_SECURITY_INFORMATION, descriptor.data());
   }
 
   std::wstring path_;
   OpenMode mode_;
-  std::uint64_t identity_ = 0;
+  FileInfo opened_;  // as it was found on opening
+  PathLock lock_;    // goes after the handle: whoever waits for it is to find the file closed
   Handle handle_{INVALID_HANDLE_VALUE};
-  PathLock lock_;
 };
 
 bool Holds(std::u16string_view path) {
@@ -257,28 +266,27 @@ constexpr DWORD kReplaceExisting = 1;
 constexpr DWORD kPosixSemantics = 2;
 constexpr auto kRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
 
-// Newer systems replace a file that is open; its readers keep the old one.
-bool ReplaceOpenFile(const std::wstring& from, const std::wstring& to) {
-  const Handle source(
-      CreateFileW(from.c_str(), DELETE | SYNCHRONIZE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
-  if (!source.IsOpen()) return false;
-  const std::wstring target = FullPath(to);
+bool Rename(HANDLE source, FILE_INFO_BY_HANDLE_CLASS kind, DWORD flags, const std::wstring& target) {
   const std::size_t nameBytes = target.size() * sizeof(wchar_t);
   std::string buffer(sizeof(RenameRequest) + nameBytes, '\0');
   auto* request = reinterpret_cast<RenameRequest*>(buffer.data());  // NOLINT: a record with a tail
-  request->flags = kReplaceExisting | kPosixSemantics;
+  request->flags = flags;
   request->nameBytes = static_cast<DWORD>(nameBytes);
   target.copy(request->name, target.size());
-  return SetFileInformationByHandle(source.get(), kRenameInfoEx, request,
-                                    static_cast<DWORD>(buffer.size())) != FALSE;
+  return SetFileInformationByHandle(source, kind, request, static_cast<DWORD>(buffer.size())) != FALSE;
 }
 
-// Both ways are one step of the file system. There are calls that can do more, but they move the old file
-// away first, and for a moment there is none.
+// Newer systems replace a file that is open; its readers keep the old one. Both ways are one step of the file
+// system, which is on the disk when the call returns. There are calls that can do more, but they move the old
+// file away first, and for a moment there is none.
 FileStatus ReplaceOnce(const std::wstring& from, const std::wstring& to) {
-  if (ReplaceOpenFile(from, to)) return FileStatus::Ok;
-  return StatusOfCall(
-      MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+  const Handle source(CreateFileW(from.c_str(), DELETE | SYNCHRONIZE, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_WRITE_THROUGH, nullptr));
+  if (!source.IsOpen()) return StatusOf(GetLastError());
+  const std::wstring target = FullPath(to);
+  const bool isDone = Rename(source.get(), kRenameInfoEx, kReplaceExisting | kPosixSemantics, target) ||
+                      Rename(source.get(), FileRenameInfo, kReplaceExisting, target);
+  return StatusOfCall(isDone);
 }
 
 struct SearchCloser {
@@ -291,6 +299,16 @@ class WindowsFiles final : public Files {
     if (!Holds(path)) return FileStatus::BadName;
     auto opened = std::make_unique<WindowsFile>(ToWide(path), mode);
     const FileStatus status = opened->Open();
+    if (status == FileStatus::Ok) file = std::move(opened);
+    return status;
+  }
+
+  // The lock comes first, as it is the path's.
+  FileStatus OpenLocked(std::u16string_view path, OpenMode mode, LockMode lock,
+                        std::unique_ptr<File>& file) override {
+    if (!Holds(path)) return FileStatus::BadName;
+    auto opened = std::make_unique<WindowsFile>(ToWide(path), mode);
+    const FileStatus status = opened->OpenLocked(lock);
     if (status == FileStatus::Ok) file = std::move(opened);
     return status;
   }

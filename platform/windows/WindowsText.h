@@ -19,8 +19,11 @@ inline std::u16string FromWide(std::wstring_view text) {
 }
 
 inline std::wstring FullPath(const std::wstring& path) {
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  std::wstring full(MAX_PATH, L'\0');
+  const DWORD size = GetFullPathNameW(path.c_str(), MAX_PATH, full.data(), nullptr);
+  full.resize(size);
+  // Then it was the room that it needs.
+  if (size >= MAX_PATH) full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
   return full;
 }
 

@@ -135,19 +135,35 @@ TEST_F(FilesTest, AppendingOnMakesTheFileAndWritesAtTheEndAsWell) {
   EXPECT_EQ(system.Open(folder.Path(), OpenMode::AppendOn, file), FileStatus::AccessDenied);
 }
 
-TEST_F(FilesTest, AnOpenFileKeepsItsIdentityWhenItsNameGoesToAnother) {
-  folder.Put("old", "old");
-  folder.Put("new", "new");
-  ASSERT_EQ(Open("old", OpenMode::ReadWrite), FileStatus::Ok);
-  FileInfo named;
-  system.Info(folder.Path("old"), named);
-  EXPECT_EQ(file->Identity(), named.identity);
-  ASSERT_EQ(system.Replace(folder.Path("new"), folder.Path("old")), FileStatus::Ok);
-  FileInfo held;
-  EXPECT_EQ(file->Info(held), FileStatus::Ok);
-  EXPECT_EQ(file->Identity(), held.identity);
-  system.Info(folder.Path("old"), named);
-  EXPECT_NE(file->Identity(), named.identity);
+TEST_F(FilesTest, ALockedFileTellsWhetherItStillHasItsName) {
+  folder.Put("f", "one");
+  folder.Put("new", "three");
+  const std::u16string path = folder.Path("f");
+  FileInfo info;
+  ASSERT_EQ(system.OpenLocked(path, OpenMode::ReadWrite, LockMode::Exclusive, file), FileStatus::Ok);
+  EXPECT_EQ(file->InfoByName(path, info), FileStatus::Ok);
+  EXPECT_EQ(info.size, 3U);
+  ASSERT_EQ(system.Replace(folder.Path("new"), path), FileStatus::Ok);
+  EXPECT_EQ(file->InfoByName(path, info), FileStatus::NotFound);
+  EXPECT_EQ(file->Info(info), FileStatus::Ok);
+  EXPECT_EQ(info.size, 3U);
+  ASSERT_EQ(system.OpenLocked(path, OpenMode::ReadWrite, LockMode::Exclusive, file), FileStatus::Ok);
+  EXPECT_EQ(file->InfoByName(path, info), FileStatus::Ok);
+  EXPECT_EQ(info.size, 5U);
+  system.Remove(path);
+  EXPECT_EQ(file->InfoByName(path, info), FileStatus::NotFound);
+}
+
+TEST_F(FilesTest, OpeningLockedTakesTheLockOrAnswersNoFile) {
+  folder.Put("f", "");
+  std::unique_ptr<File> other;
+  const std::u16string path = folder.Path("f");
+  ASSERT_EQ(system.OpenLocked(path, OpenMode::Read, LockMode::Shared, file), FileStatus::Ok);
+  EXPECT_EQ(system.OpenLocked(path, OpenMode::Scratch, LockMode::TryExclusive, other), FileStatus::Busy);
+  EXPECT_EQ(other, nullptr);
+  EXPECT_EQ(system.OpenLocked(path, OpenMode::Read, LockMode::Shared, other), FileStatus::Ok);
+  EXPECT_EQ(system.OpenLocked(folder.Path("absent"), OpenMode::ReadWrite, LockMode::Exclusive, other),
+            FileStatus::NotFound);
 }
 
 TEST_F(FilesTest, TellsWhatIsThere) {
@@ -180,16 +196,11 @@ TEST_F(FilesTest, AFolderIsNoFile) {
   EXPECT_EQ(system.Remove(folder.Path()), FileStatus::AccessDenied);
 }
 
-TEST_F(FilesTest, ReplacingGivesTheNameToTheOtherFileAndChangesItsIdentity) {
+TEST_F(FilesTest, ReplacingGivesTheNameToTheOtherFile) {
   folder.Put("old", "old");
   folder.Put("new", "new");
-  FileInfo before;
-  FileInfo after;
-  system.Info(folder.Path("old"), before);
   ASSERT_EQ(Open("old", OpenMode::Read), FileStatus::Ok);
   EXPECT_EQ(system.Replace(folder.Path("new"), folder.Path("old")), FileStatus::Ok);
-  system.Info(folder.Path("old"), after);
-  EXPECT_NE(before.identity, after.identity);
   EXPECT_EQ(folder.Get("old"), "new");
   EXPECT_EQ(folder.Get("new"), "<none>");
   EXPECT_EQ(Read(0, 3), "old");

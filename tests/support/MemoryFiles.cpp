@@ -76,7 +76,12 @@ class MemoryFile final : public File {
     return FileStatus::Ok;
   }
 
-  std::uint64_t Identity() const noexcept override { return MemoryFiles::InfoOf(*node_).identity; }
+  FileStatus InfoByName(std::u16string_view path, FileInfo& info) override {
+    const FileStatus status = files_.Info(path, info);
+    const auto named = files_.files_.find(NormalPath(path));
+    const bool isOther = named == files_.files_.end() || named->second != node_;
+    return status == FileStatus::Ok && isOther ? FileStatus::NotFound : status;
+  }
 
   FileStatus CopyAccess(File& like) override {
     if (const FileStatus failure = files_.Called("CopyAccess"); failure != FileStatus::Ok) return failure;
@@ -307,10 +312,7 @@ FileStatus MemoryFiles::MissingStatus(const std::u16string& path) const {
 
 std::shared_ptr<MemoryFiles::Node> MemoryFiles::Make(const std::u16string& path) {
   std::shared_ptr<Node>& node = files_[path];
-  if (node == nullptr) {
-    node = std::make_shared<Node>();
-    node->identity = nextIdentity_++;
-  }
+  if (node == nullptr) node = std::make_shared<Node>();
   return node;
 }
 
@@ -323,7 +325,6 @@ void MemoryFiles::MakeFoldersOf(const std::u16string& path) {
 FileInfo MemoryFiles::InfoOf(const Node& node) {
   FileInfo info;
   info.size = node.bytes.size();
-  info.identity = node.identity;
   info.readOnly = node.readOnly;
   return info;
 }

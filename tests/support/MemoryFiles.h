@@ -62,7 +62,6 @@ class MemoryFiles final : public platform::Files {
   friend class MemoryFile;
   struct Node {
     std::string bytes;
-    std::uint64_t identity = 0;
     bool readOnly = false;
     int handles = 0;
     int shared = 0;
@@ -82,7 +81,6 @@ class MemoryFiles final : public platform::Files {
   std::map<std::string, int, std::less<>> callsByName_;
   std::map<std::string, platform::FileStatus, std::less<>> failures_;
   std::size_t writeLimit_ = static_cast<std::size_t>(-1);
-  std::uint64_t nextIdentity_ = 1;
   int calls_ = 0;
   int openFiles_ = 0;
   bool replacesOpenFiles_ = true;

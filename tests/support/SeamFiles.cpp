@@ -12,6 +12,17 @@ using platform::FileInfo;
 using platform::FileStatus;
 using platform::OpenMode;
 
+namespace {
+
+FileCall CallOn(std::string_view name, std::u16string_view path) {
+  FileCall call;
+  call.name = name;
+  call.path = path;
+  return call;
+}
+
+}  // namespace
+
 template <class Action>
 FileStatus SeamFiles::Pass(FileCall call, Action action) {
   const Allocations::Spared spared;
@@ -56,7 +67,9 @@ class SeamFile final : public File {
   FileStatus Info(FileInfo& info) override {
     return files_.Pass(Call("Info"), [&](FileCall&) { return inner_->Info(info); });
   }
-  std::uint64_t Identity() const noexcept override { return inner_->Identity(); }
+  FileStatus InfoByName(std::u16string_view path, FileInfo& info) override {
+    return files_.Pass(CallOn("Info", path), [&](FileCall&) { return inner_->InfoByName(path, info); });
+  }
   FileStatus CopyAccess(File& like) override {
     return files_.Pass(Call("CopyAccess"),
                        [&](FileCall&) { return inner_->CopyAccess(*static_cast<SeamFile&>(like).inner_); });
@@ -93,17 +106,6 @@ class SeamFile final : public File {
   OpenMode mode_;
   std::uint64_t handle_;
 };
-
-namespace {
-
-FileCall CallOn(std::string_view name, std::u16string_view path) {
-  FileCall call;
-  call.name = name;
-  call.path = path;
-  return call;
-}
-
-}  // namespace
 
 FileStatus SeamFiles::Open(std::u16string_view path, OpenMode mode, std::unique_ptr<File>& file) {
   FileCall call = CallOn("Open", path);

@@ -24,6 +24,10 @@ FileStatus PassedFile::Info(FileInfo& info) {
   return inner_->Info(info);
 }
 
+FileStatus PassedFile::InfoByName(std::u16string_view path, FileInfo& info) {
+  return inner_->InfoByName(path, info);
+}
+
 FileStatus PassedFile::CopyAccess(File& like) {
   return inner_->CopyAccess(*static_cast<PassedFile&>(like).inner_);
 }

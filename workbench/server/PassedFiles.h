@@ -22,7 +22,7 @@ class PassedFile : public platform::File {
   platform::FileStatus WriteAt(std::uint64_t offset, std::span<const char> bytes, std::size_t& done) override;
   platform::FileStatus Truncate(std::uint64_t size) override;
   platform::FileStatus Info(platform::FileInfo& info) override;
-  std::uint64_t Identity() const noexcept override { return inner_->Identity(); }
+  platform::FileStatus InfoByName(std::u16string_view path, platform::FileInfo& info) override;
   // `like` is a PassedFile as well.
   platform::FileStatus CopyAccess(platform::File& like) override;
   platform::FileStatus Sync() override;
