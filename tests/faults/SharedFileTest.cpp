@@ -10,13 +10,12 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
-#include <set>
 
-#include "core/Convert.h"
 #include "storage/IniBatch.h"
 #include "storage/clsIniFile.h"
 #include "storage/clsMultiFile.h"
 #include "tests/faults/Faults.h"
+#include "tests/faults/RisingNumbers.h"
 #include "tests/support/Errors.h"
 #include "tests/support/TempFolder.h"
 
@@ -50,61 +49,22 @@ Ref<clsIniFile> Settings(const TempFolder& folder) {
   return file;
 }
 
-// Writes rising numbers into a section of its own: two keys in one commit, which no reader may see apart, and
-// from time to time one that gets longer or goes.
-int WriteRising(const TempFolder& folder, std::int32_t writer, std::int32_t count) {
-  const Ref<clsIniFile> file = Settings(folder);
-  file->UseSection(u"Writer" + LongToText(writer));
-  for (std::int32_t i = 1; i <= count; ++i) {
-    {
-      IniBatch batch(*file, Sync::No);
-      file->WriteLong(u"first", i);
-      file->WriteLong(u"second", i);
-      if (!batch.Commit()) return 1;
-    }
-    // Its own value, whatever the other one wrote meanwhile.
-    if (file->ReadLong(u"first", -1) != i) return 2;
-    std::u16string filler(static_cast<std::size_t>(i % 200), u'x');
-    file->WriteString(u"filler", filler);
-  }
-  return 0;
-}
-
-int ReadRising(const TempFolder& folder, std::int32_t count) {
-  const Ref<clsIniFile> file = Settings(folder);
-  std::int32_t last[3] = {0, 0, 0};
-  while (last[1] < count || last[2] < count) {
-    const IniBatch oneReading(*file, Sync::No);
-    for (std::int32_t writer = 1; writer <= 2; ++writer) {
-      file->UseSection(u"Writer" + LongToText(writer));
-      const std::int32_t first = file->ReadLong(u"first", 0);
-      if (first != file->ReadLong(u"second", 0)) return 3;
-      if (first < last[writer]) return 4;
-      last[writer] = first;
-    }
-  }
-  return 0;
-}
-
 // VESTREL_WRITES says how many writes each process makes; those of the long form take about a minute on two
 // idle cores.
 TEST(SharedFileTest, TwoProcessesLoseNothingOfEachOther) {
   const std::int32_t count = Times("VESTREL_WRITES", RunsLong() ? 300'000 : 300);
   const TempFolder folder;
   folder.Put("pageSetting.ini", "[Kept]\r\nk=1\r\n");
-  const pid_t one = InAnother([&] { return WriteRising(folder, 1, count); });
-  const pid_t two = InAnother([&] { return WriteRising(folder, 2, count); });
-  const pid_t reader = InAnother([&] { return ReadRising(folder, count); });
+  const std::u16string path = folder.Path("pageSetting.ini");
+  const pid_t one = InAnother([&] { return WriteRising(path, 1, count); });
+  const pid_t two = InAnother([&] { return WriteRising(path, 2, count); });
+  const pid_t reader = InAnother([&] { return ReadRising(path, count); });
   EXPECT_EQ(StatusOf(one), 0);
   EXPECT_EQ(StatusOf(two), 0);
   EXPECT_EQ(StatusOf(reader), 0) << "3: a torn read, 4: an update was lost";
-  const Ref<clsIniFile> file = Settings(folder);
-  for (const std::u16string_view section : {u"Writer1", u"Writer2"}) {
-    file->UseSection(section);
-    EXPECT_EQ(file->ReadLong(u"first", 0), count);
-  }
-  file->UseSection(u"Kept");
-  EXPECT_EQ(file->ReadLong(u"k", 0), 1);
+  EXPECT_EQ(LastRising(path, 1), count);
+  EXPECT_EQ(LastRising(path, 2), count);
+  EXPECT_NE(folder.Get("pageSetting.ini").find("[Kept]\r\nk=1\r\n"), std::string::npos);
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Real()), fs::directory_iterator()), 1);
 }
 

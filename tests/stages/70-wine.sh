@@ -4,9 +4,9 @@ source tests/component/wine/wine.sh
 needs_packages g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools
 
 # A million calls chosen at random when asked for, otherwise 50,000; and how many operations are compared with the
-# system's own and how many processes are ended while they save.
-rounds=200 compared=5000 kills=20
-if [ "${VESTREL_SCALE-}" = long ]; then rounds=4000 compared=100000 kills=2000; fi
+# system's own, how many processes are ended while they save, and how often each of two writes one file.
+rounds=200 compared=5000 kills=20 shared=300
+if [ "${VESTREL_SCALE-}" = long ]; then rounds=4000 compared=100000 kills=2000 shared=20000; fi
 
 hosts=tests/component/host
 scripts=tests/component/scripts
@@ -113,11 +113,13 @@ evening_natively() {
   tr -d '\r' <"$work/workbench.output" | grep -v '^Data folder: ' | diff - tests/workbench/evening.golden.txt
 }
 
-# The library natively: beside the system's own profile functions, beside a program that holds its files, and killed.
+# The library natively: beside the system's own profile functions, beside a program that holds its files, beside itself,
+# and killed.
 natively() {
   host "settings files through the system and through the library" $((60 + compared / 100)) "$built/tests/Oracle.exe" \
     $compared
   host "a settings file that another program holds" 60 "$built/tests/HeldFile.exe"
+  host "two processes at one settings file, $shared writes each" $((60 + shared / 50)) "$built/tests/Shared.exe" $shared
   host "$kills processes ended while they save" $((120 + kills * 20)) "$built/tests/Killed.exe" $kills
 }
 
