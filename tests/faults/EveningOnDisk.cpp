@@ -1,6 +1,8 @@
 #include "tests/faults/EveningOnDisk.h"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <utility>
 
 #include "core/Convert.h"
@@ -18,13 +20,27 @@ fs::path EveningOnDisk::RealOf(const std::u16string& name) const {
   return folder_ / path;
 }
 
-void EveningOnDisk::PutFirstFiles() const {
-  for (const std::u16string& name : record_.Names()) fs::remove(RealOf(name));
-  for (const auto& [name, bytes] : Evening::FirstFiles()) {
+void EveningOnDisk::PutFiles(int step) const {
+  fs::remove_all(RealOf(u"Sequences\\Gala\\Guest"));
+  for (const std::u16string& name : record_.Names()) {
+    fs::remove(RealOf(name));
+    const std::string bytes = BytesBefore(name, step);
+    if (bytes == "<none>") continue;
     fs::create_directories(RealOf(name).parent_path());
     std::ofstream(RealOf(name), std::ios::binary) << bytes;
   }
-  fs::remove_all(RealOf(u"Sequences\\Gala\\Guest"));
+}
+
+void EveningOnDisk::PutFirstFilesInto(MemoryFiles& memory) const {
+  for (const auto& [name, bytes] : Evening::FirstFiles()) memory.Put(path_ + u"\\" + name, bytes);
+}
+
+std::string EveningOnDisk::BytesBefore(const std::u16string& name, int step) const {
+  const std::vector<EveningRecord::Version>& versions = record_.Versions(name);
+  const auto next =
+      std::find_if(versions.begin(), versions.end(),
+                   [step](const EveningRecord::Version& version) { return version.step >= step; });
+  return Here(std::prev(next)->bytes);
 }
 
 std::string EveningOnDisk::Read(const std::u16string& name) const {
@@ -43,10 +59,14 @@ std::vector<fs::path> EveningOnDisk::Leftovers() const {
   return result;
 }
 
-// What an undisturbed evening leaves; the log names the folder.
+// What an undisturbed evening leaves.
 std::string EveningOnDisk::Whole(const std::u16string& name) const {
+  return Here(record_.Versions(name).back().bytes);
+}
+
+// The log names the folder.
+std::string EveningOnDisk::Here(std::string bytes) const {
   static constexpr std::string_view kModel = "C:\\app";
-  std::string bytes = record_.Versions(name).back().bytes;
   const std::string here = ToUtf8(path_);
   for (std::size_t at = 0; (at = bytes.find(kModel, at)) != std::string::npos; at += here.size()) {
     bytes.replace(at, kModel.size(), here);

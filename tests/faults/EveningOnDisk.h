@@ -4,10 +4,13 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/Platform.h"
 #include "tests/faults/Evening.h"
+#include "tests/support/MemoryFiles.h"
 
 namespace vestrel::test {
 
@@ -18,11 +21,12 @@ class EveningOnDisk {
 
   const std::u16string& Path() const { return path_; }
 
-  // The files of the beginning; what a crash left beside them stays.
-  void PutFirstFiles() const;
-  // The whole evening, on the files in force; `onStep` is told each step before it and after it.
+  // The files as they are when `step` begins; what a crash left beside them stays.
+  void PutFiles(int step = 0) const;
+  // The evening from step `first` on, on the files in force; `onStep` is told each step before it and after
+  // it. Those before `first` are played in memory, for what an evening keeps in mind.
   template <class OnStep>
-  void Play(FakeClock& clock, OnStep onStep) const;
+  void Play(FakeClock& clock, OnStep onStep, int first = 0) const;
 
   // What a process that was killed inside `step` (those before have returned) did not keep of the promises, a
   // line for each; empty when it kept them. Removes most of what a crash left beside its target; some stay
@@ -33,6 +37,9 @@ class EveningOnDisk {
 
  private:
   std::filesystem::path RealOf(const std::u16string& name) const;
+  std::string BytesBefore(const std::u16string& name, int step) const;
+  std::string Here(std::string bytes) const;
+  void PutFirstFilesInto(MemoryFiles& memory) const;
   std::string Read(const std::u16string& name) const;
   std::vector<std::filesystem::path> Leftovers() const;
   std::string Whole(const std::u16string& name) const;
@@ -46,11 +53,19 @@ class EveningOnDisk {
 };
 
 template <class OnStep>
-void EveningOnDisk::Play(FakeClock& clock, OnStep onStep) const {
+void EveningOnDisk::Play(FakeClock& clock, OnStep onStep, int first) const {
+  MemoryFiles memory;
+  std::optional<platform::Override> inMemory;
+  if (first > 0) {
+    PutFirstFilesInto(memory);
+    inMemory.emplace(platform::Override::Services{nullptr, &memory, nullptr, nullptr});
+  }
   Evening evening(path_, clock);
   evening.Begin();
   evening.Load();
-  for (int step = 0; step < Evening::kSteps; ++step) {
+  for (int step = 0; step < first; ++step) evening.Step(step);
+  inMemory.reset();
+  for (int step = first; step < Evening::kSteps; ++step) {
     onStep(step, false);
     evening.Step(step);
     onStep(step, true);

@@ -85,7 +85,7 @@ class KillTest : public testing::Test {
 
   // An evening to its end over what was left.
   void Recover() {
-    evening_.PutFirstFiles();
+    evening_.PutFiles();
     EXPECT_FALSE(WasKilled(Start()));
     EXPECT_FALSE(progress_->failed);
     EXPECT_EQ(progress_->step, Evening::kSteps);
@@ -113,7 +113,7 @@ TEST_F(KillTest, BeforeAnyFileCallLeavesOldOrNew) {
   const int calls = EveningRecord::Get().Calls();
   const int points = RunsLong() ? calls : 30;
   for (int i = 1; i <= points && !HasFailure(); ++i) {
-    evening_.PutFirstFiles();
+    evening_.PutFiles();
     EXPECT_TRUE(WasKilled(Start(i * calls / points)));
     Judge();
   }
@@ -129,7 +129,7 @@ TEST_F(KillTest, AtRandomMomentsLosesNothing) {
   int round = 0;
   for (; killed < kills && round < 3 * kills && !HasFailure(); ++round) {
     if (round % 100 == 99) Recover();
-    evening_.PutFirstFiles();
+    evening_.PutFiles();
     const pid_t child = Start();
     WaitForARandomMoment(random);
     kill(child, SIGKILL);

@@ -1,11 +1,15 @@
 // A process that saves is ended at random moments: every file then holds exactly the bytes after some commit,
 // and whatever returned before is there. The program runs itself as that process.
 //
-//   Killed FOLDER KILLS
+//   Killed FOLDER KILLS [SEED]
 #include <windows.h>
 
 #include <atomic>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <cwchar>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -21,9 +25,12 @@ namespace {
 constexpr UINT kKilled = 137;
 constexpr DWORD kLongest = 60'000;
 
+enum class Phase : std::uint8_t { Starting, Ready, MayGoOn, GoesOn };
+
 // Seen by both processes.
 struct Progress {
-  std::atomic<bool> started;
+  std::atomic<int> first;  // the first step on the disk
+  std::atomic<Phase> phase;
   std::atomic<bool> inSave;
   std::atomic<int> step;  // the one under way; those before have returned
   std::atomic<bool> failed;
@@ -54,18 +61,29 @@ std::u16string PathOf(const std::wstring& folder) {
   return {folder.begin(), folder.end()};
 }
 
+// Starting a process takes so long that the other one sets its watch only now.
+void Begin(const SharedProgress& progress) {
+  progress->phase = Phase::Ready;
+  while (progress->phase != Phase::MayGoOn) Sleep(0);
+  progress->phase = Phase::GoesOn;
+}
+
 int RunEvening(const std::wstring& folder, const std::wstring& name) {
   const SharedProgress progress(name);
+  const int first = progress->first;
   FakeClock clock;
   FakeHostServices services;
   services.moduleFolder = PathOf(folder);
   const platform::Override override({&clock, nullptr, nullptr, &services});
-  progress->started = true;
   try {
-    EveningOnDisk(folder, PathOf(folder)).Play(clock, [&](int step, bool isDone) {
+    const EveningOnDisk evening(folder, PathOf(folder));
+    if (first == 0) Begin(progress);
+    const auto onStep = [&](int step, bool isDone) {
+      if (step == first && first > 0 && !isDone) Begin(progress);
       progress->inSave = !isDone;
       if (isDone) progress->step = step + 1;
-    });
+    };
+    evening.Play(clock, onStep, first);
   } catch (...) {
     progress->failed = true;
   }
@@ -74,7 +92,8 @@ int RunEvening(const std::wstring& folder, const std::wstring& name) {
 
 class Killer {
  public:
-  explicit Killer(std::wstring folder) : folder_(std::move(folder)), evening_(folder_, PathOf(folder_)) {}
+  Killer(std::wstring folder, unsigned seed)
+      : folder_(std::move(folder)), evening_(folder_, PathOf(folder_)), random_(seed) {}
 
   void Kill(int kills) {
     int killed = 0;
@@ -82,8 +101,7 @@ class Killer {
     Recover();
     for (int round = 1; killed < kills && round < 3 * kills && host::failedChecks == 0; ++round) {
       if (round % 100 == 0) Recover();
-      evening_.PutFirstFiles();
-      const HANDLE process = Start();
+      const HANDLE process = Start(std::uniform_int_distribution<int>(0, Evening::kSteps - 1)(random_));
       WaitForARandomMoment();
       TerminateProcess(process, kKilled);
       if (EndOf(process) != kKilled) continue;
@@ -97,9 +115,12 @@ class Killer {
   }
 
  private:
-  HANDLE Start() {
-    progress_->started = progress_->inSave = progress_->failed = false;
-    progress_->step = 0;
+  // An evening of which the steps from `first` on are on the disk.
+  HANDLE Start(int first) {
+    evening_.PutFiles(first);
+    progress_->phase = Phase::Starting;
+    progress_->inSave = progress_->failed = false;
+    progress_->first = progress_->step = first;
     wchar_t program[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     std::wstring line = L"\"" + std::wstring(program) + L"\" \"" + folder_ + L"\" evening " + name_;
@@ -109,6 +130,9 @@ class Killer {
     CHECK(CreateProcessW(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                          &process));
     CloseHandle(process.hThread);
+    WaitFor(Phase::Ready, 1);
+    progress_->phase = Phase::MayGoOn;
+    WaitFor(Phase::GoesOn, 0);
     return process.hProcess;
   }
 
@@ -127,35 +151,40 @@ class Killer {
 
   // An evening to its end over what was left.
   void Recover() {
-    evening_.PutFirstFiles();
-    CHECK_EQ(EndOf(Start()), DWORD{0});
+    CHECK_EQ(EndOf(Start(0)), DWORD{0});
     Judge(evening_.FaultsOfAWholeEvening());
   }
 
-  // A moment inside a step, whatever the machine's speed.
-  void WaitForARandomMoment() {
-    const int step = std::uniform_int_distribution<int>(0, Evening::kSteps - 1)(random_);
+  void WaitFor(Phase phase, DWORD pause) {
     const ULONGLONG begin = GetTickCount64();
-    while ((!progress_->started || progress_->step < step) && !progress_->failed) {
-      if (GetTickCount64() - begin > kLongest) break;
-      Sleep(0);
-    }
-    for (int turns = std::uniform_int_distribution<int>(0, 50)(random_); turns > 0; --turns) Sleep(0);
+    while (progress_->phase != phase && !progress_->failed && GetTickCount64() - begin < kLongest)
+      Sleep(pause);
+  }
+
+  // As likely between ten and a hundred microseconds as between one and ten milliseconds: a save takes the
+  // one or the other.
+  void WaitForARandomMoment() {
+    const double seconds = std::pow(10.0, std::uniform_real_distribution<double>(-5, -1.5)(random_));
+    const auto moment = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+    while (std::chrono::steady_clock::now() < moment) Sleep(0);
   }
 
   std::wstring folder_;
   std::wstring name_ = L"vestrel-evening-" + std::to_wstring(GetCurrentProcessId());
   SharedProgress progress_{name_};
   EveningOnDisk evening_;
-  std::mt19937 random_{7};
+  std::mt19937 random_;
 };
 
 }  // namespace
 }  // namespace vestrel::test
 
 int wmain(int count, wchar_t** arguments) {
-  if (count == 4) return vestrel::test::RunEvening(arguments[1], arguments[3]);
-  if (count != 3) return 2;
-  vestrel::test::Killer(arguments[1]).Kill(static_cast<int>(std::wcstol(arguments[2], nullptr, 10)));
+  if (count < 3) return 2;
+  if (std::wcscmp(arguments[2], L"evening") == 0)
+    return vestrel::test::RunEvening(arguments[1], arguments[3]);
+  const auto number = [&](int at) { return std::wcstol(arguments[at], nullptr, 10); };
+  const auto seed = static_cast<unsigned>(count > 3 ? number(3) : 7);
+  vestrel::test::Killer(arguments[1], seed).Kill(static_cast<int>(number(2)));
   return host::Totals("Killed");
 }
