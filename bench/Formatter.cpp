@@ -83,14 +83,16 @@ char16_t* Put(char16_t* to, std::int32_t value) {
   return to;
 }
 
+// The lengths of its pieces are known, where a pointer to text would be measured each time.
 void FormatByHand() {
+  using namespace std::string_view_literals;
   char16_t text[512];
-  char16_t* to = Put(&text[0], u"button ");
+  char16_t* to = Put(&text[0], u"button "sv);
   to = Put(to, fields.wide);
-  to = Put(Put(to, u" - gi "), fields.group);
-  to = Put(Put(to, u", bi "), fields.button);
-  to = Put(Put(to, u", ps "), fields.state);
-  to = Put(Put(to, u", fader "), fields.value);
+  to = Put(Put(to, u" - gi "sv), fields.group);
+  to = Put(Put(to, u", bi "sv), fields.button);
+  to = Put(Put(to, u", ps "sv), fields.state);
+  to = Put(Put(to, u", fader "sv), fields.value);
   bench::Keep(to);
 }
 

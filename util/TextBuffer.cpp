@@ -5,20 +5,14 @@
 #include <utility>
 
 namespace vestrel {
-namespace {
 
-// A sign and ten digits.
-constexpr std::size_t kLongestDecimal = 11;
-
-}  // namespace
-
-void TextBuffer::AppendLargeDecimal(std::int32_t value) {
+char16_t* TextBuffer::PutLargeDecimal(char16_t* to, std::int32_t value) noexcept {
   char16_t digits[kLongestDecimal];
   char16_t* first = std::end(digits);
   const auto bits = static_cast<std::uint32_t>(value);
   for (std::uint32_t rest = value < 0 ? 0U - bits : bits; rest != 0; rest /= 10) *--first = Digit(rest % 10);
   if (value < 0) *--first = u'-';
-  Append(std::u16string_view(first, static_cast<std::size_t>(std::end(digits) - first)));
+  return std::copy(first, std::end(digits), to);
 }
 
 void TextBuffer::Grow(std::size_t count) {

@@ -25,15 +25,26 @@ class TextBuffer {
   void Append(std::u16string_view text) {
     std::char_traits<char16_t>::copy(Extend(text.size()), text.data(), text.size());
   }
-  // Small numbers, which nearly all are, need no loop.
   void AppendDecimal(std::int32_t value) {
-    const auto small = static_cast<std::uint32_t>(value);
-    if (small >= 100) return AppendLargeDecimal(value);
-    char16_t* const to = Room(2);
-    const bool two = small >= 10;
-    to[0] = Digit(two ? small / 10 : small);
-    to[1] = Digit(small % 10);
-    Advance(two ? 2 : 1);
+    Advance(static_cast<std::size_t>(PutDecimal(Room(kLongestDecimal), value) - (data_ + size_)));
+  }
+  // A sign and ten digits.
+  static constexpr std::size_t kLongestDecimal = 11;
+  // Writes the number at `to`, which has room for the longest; answers its end. Small ones, which nearly all
+  // are, need no loop.
+  static char16_t* PutDecimal(char16_t* to, std::int32_t value) noexcept {
+    auto rest = static_cast<std::uint32_t>(value);
+    if (rest >= 10) {
+      if (rest >= 1000) return PutLargeDecimal(to, value);
+      if (rest >= 100) {
+        *to++ = Digit(rest / 100);
+        rest %= 100;
+      }
+      *to++ = Digit(rest / 10);
+      rest %= 10;
+    }
+    *to++ = Digit(rest);
+    return to;
   }
   // Each byte becomes one unit: for digits and signs.
   void AppendAscii(std::string_view text) {
@@ -49,6 +60,8 @@ class TextBuffer {
     if (count > capacity_ - size_) Grow(count);
     return data_ + size_;
   }
+  // How many more units there is room for without growing.
+  std::size_t Free() const noexcept { return capacity_ - size_; }
   void Advance(std::size_t used) noexcept { size_ += used; }
   // The units from `start` on, to be changed in place.
   char16_t* MutableFrom(std::size_t start) noexcept { return data_ + start; }
@@ -61,7 +74,7 @@ class TextBuffer {
     return place;
   }
   static char16_t Digit(std::uint32_t value) noexcept { return static_cast<char16_t>(u'0' + value); }
-  void AppendLargeDecimal(std::int32_t value);
+  static char16_t* PutLargeDecimal(char16_t* to, std::int32_t value) noexcept;
   void Grow(std::size_t count);
 
   static constexpr std::size_t kInlineSize = 512;

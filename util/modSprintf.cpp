@@ -3,7 +3,6 @@
 #include "util/modSprintf.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -49,65 +48,107 @@ bool IsMark(char16_t unit) noexcept {
   return unit == u'\\' || unit == u'%';
 }
 
-// The highest bit of each of four units that is 0: right up to the first such unit from the low end.
-std::uint64_t ZeroUnits(std::uint64_t block) noexcept {
+// Whether one of four units is 0, or perhaps from 0x8001 up.
+bool MayHaveZeroUnit(std::uint64_t block) noexcept {
   constexpr std::uint64_t kEachUnit = 0x0001000100010001U;
-  return (block - kEachUnit) & ~block & (kEachUnit << 15U);
+  return ((block - kEachUnit) & (kEachUnit << 15U)) != 0;
 }
 
 // Copies up to `left` units, to the first that means something; the result is how many are before that. Those
-// behind it may have been copied as well.
-std::size_t CopyUntilMark(char16_t* to, const char16_t* from, std::size_t left) noexcept {
+// behind it may have been copied as well. Where in its block it lies is asked of the units one by one: what
+// follows need not wait for a number then.
+inline std::size_t CopyUntilMark(char16_t* to, const char16_t* from, std::size_t left) noexcept {
+  constexpr std::uint64_t kBackslashes = 0x005C005C005C005CU;
+  constexpr std::uint64_t kPercentSigns = 0x0025002500250025U;
+  constexpr std::size_t kBlock = sizeof(std::uint64_t) / sizeof(char16_t);
   std::size_t count = 0;
-  if constexpr (std::endian::native == std::endian::little) {
-    constexpr std::uint64_t kBackslashes = 0x005C005C005C005CU;
-    constexpr std::uint64_t kPercentSigns = 0x0025002500250025U;
-    constexpr std::size_t kBlock = sizeof(std::uint64_t) / sizeof(char16_t);
-    for (; count + kBlock <= left; count += kBlock) {
-      std::uint64_t units = 0;
-      std::memcpy(&units, from + count, sizeof units);
-      std::memcpy(to + count, &units, sizeof units);
-      const std::uint64_t marks = ZeroUnits(units ^ kBackslashes) | ZeroUnits(units ^ kPercentSigns);
-      if (marks != 0) return count + static_cast<unsigned>(std::countr_zero(marks)) / 16;
-    }
+  for (; count + kBlock <= left; count += kBlock) {
+    std::uint64_t units = 0;
+    std::memcpy(&units, from + count, sizeof units);
+    std::memcpy(to + count, &units, sizeof units);
+    if (MayHaveZeroUnit(units ^ kBackslashes) || MayHaveZeroUnit(units ^ kPercentSigns)) break;
   }
   for (; count < left && !IsMark(from[count]); ++count) to[count] = from[count];
   return count;
 }
 
+// How much of a format, and how many of its arguments, are done with.
+struct Progress {
+  std::size_t at = 0;
+  std::size_t used = 0;
+};
+
+// Follows a format as long as it holds nothing but ordinary characters and plain "%s" and "%d" of texts and
+// numbers, which most formats do to their end. Apart from the general formatter, so that what it works with
+// stays in registers.
+Progress FormatPlain(TextBuffer& out, std::u16string_view format, std::span<const FormatArg> args,
+                     Progress done) {
+  const char16_t* from = format.data() + done.at;
+  const char16_t* const end = format.data() + format.size();
+  const FormatArg* arg = args.data() + done.used;
+  const FormatArg* const argsEnd = args.data() + args.size();
+  auto left = static_cast<std::size_t>(end - from);
+  char16_t* start = out.Room(left);
+  char16_t* to = start;
+  const char16_t* limit = to + out.Free();
+  // Room for so many units and what is left of the format.
+  const auto need = [&](std::size_t units) {
+    if (units + left <= static_cast<std::size_t>(limit - to)) return;
+    out.Advance(static_cast<std::size_t>(to - start));
+    to = start = out.Room(units + left);
+    limit = to + out.Free();
+  };
+  for (;;) {
+    const std::size_t count = CopyUntilMark(to, from, left);
+    to += count;
+    from += count;
+    left -= count;
+    if (left < 2 || *from != u'%' || arg == argsEnd) break;
+    if (from[1] == u's' && arg->kind() == FormatArg::Kind::Text) {
+      const std::u16string_view text = arg->AsText();
+      need(text.size());
+      to = std::copy(text.begin(), text.end(), to);
+    } else if (from[1] == u'd' && arg->kind() == FormatArg::Kind::Long) {
+      need(TextBuffer::kLongestDecimal);
+      to = TextBuffer::PutDecimal(to, arg->AsLong());
+    } else {
+      break;
+    }
+    ++arg;
+    from += 2;
+    left -= 2;
+  }
+  out.Advance(static_cast<std::size_t>(to - start));
+  return {static_cast<std::size_t>(from - format.data()), static_cast<std::size_t>(arg - args.data())};
+}
+
 class Formatter {
  public:
-  Formatter(TextBuffer& out, std::u16string_view format, std::span<const FormatArg> args) noexcept
-      : out_(out), start_(out.size()), format_(format), args_(args) {}
+  // Of the format, `done` was followed already; the text began at `start`.
+  Formatter(TextBuffer& out, std::size_t start, std::u16string_view format, std::span<const FormatArg> args,
+            Progress done) noexcept
+      : out_(out), start_(start), format_(format), args_(args), done_(done) {}
 
   void Run() {
-    while (!stopped_ && CopyOrdinary()) {
-      if (format_[at_] == u'\\') {
+    while (!stopped_ && done_.at < format_.size()) {
+      if (format_[done_.at] == u'\\') {
         Escape();
       } else {
         OpenDirective();
       }
+      if (!stopped_) done_ = FormatPlain(out_, format_, args_, done_);
     }
   }
 
  private:
-  // Copies up to the next character that means something; false at the end of the format.
-  bool CopyOrdinary() {
-    const std::size_t left = format_.size() - at_;
-    const std::size_t count = CopyUntilMark(out_.Room(left), format_.data() + at_, left);
-    out_.Advance(count);
-    at_ += count;
-    return count < left;
-  }
-
   void CopyTo(std::size_t end) {
-    out_.Append(format_.substr(at_, end - at_));
-    at_ = end;
+    out_.Append(format_.substr(done_.at, end - done_.at));
+    done_.at = end;
   }
 
   void Escape() {
-    if (at_ + 1 == format_.size()) return CopyTo(at_ + 1);
-    switch (format_[at_ + 1]) {
+    if (done_.at + 1 == format_.size()) return CopyTo(done_.at + 1);
+    switch (format_[done_.at + 1]) {
       case u'n':
         out_.Append(u"\r\n");
         break;
@@ -122,40 +163,23 @@ class Formatter {
         out_.Append(u'\\');
         break;
       default:
-        return CopyTo(at_ + 1);
+        return CopyTo(done_.at + 1);
     }
-    at_ += 2;
+    done_.at += 2;
   }
 
   void OpenDirective() {
-    if (at_ + 1 < format_.size() && ConvertPlain(format_[at_ + 1])) return;
-    const std::size_t last = format_.find_first_of(kConversionCharacters, at_ + 1);
+    const std::size_t last = format_.find_first_of(kConversionCharacters, done_.at + 1);
     if (last == std::u16string_view::npos) return CopyTo(format_.size());
-    const auto directive = ParseDirective(format_.substr(at_ + 1, last - at_ - 1), format_[last]);
+    const auto directive = ParseDirective(format_.substr(done_.at + 1, last - done_.at - 1), format_[last]);
     // What cannot be read is copied, and the conversion character is looked at anew: it may be a "%".
     if (!directive) return CopyTo(last);
-    at_ = last + 1;
+    done_.at = last + 1;
     Convert(*directive);
   }
 
-  // "%s" and "%d" of the usual arguments, which need no parsing.
-  bool ConvertPlain(char16_t conversion) {
-    if (used_ == args_.size()) return false;
-    const FormatArg& arg = args_[used_];
-    if (conversion == u's' && arg.kind() == FormatArg::Kind::Text) {
-      out_.Append(arg.AsText());
-    } else if (conversion == u'd' && arg.kind() == FormatArg::Kind::Long) {
-      out_.AppendDecimal(arg.AsLong());
-    } else {
-      return false;
-    }
-    ++used_;
-    at_ += 2;
-    return true;
-  }
-
   const FormatArg* NextArgument() noexcept {
-    if (used_ < args_.size()) return &args_[used_++];
+    if (done_.used < args_.size()) return &args_[done_.used++];
     stopped_ = true;
     return nullptr;
   }
@@ -281,15 +305,16 @@ class Formatter {
   std::size_t start_;
   std::u16string_view format_;
   std::span<const FormatArg> args_;
-  std::size_t at_ = 0;
-  std::size_t used_ = 0;
+  Progress done_;
   bool stopped_ = false;
 };
 
 }  // namespace
 
 void AppendFormatted(TextBuffer& out, std::u16string_view format, std::span<const FormatArg> args) {
-  Formatter(out, format, args).Run();
+  const std::size_t start = out.size();
+  const Progress done = FormatPlain(out, format, args, {});
+  if (done.at < format.size()) Formatter(out, start, format, args, done).Run();
 }
 
 std::u16string FormatText(std::u16string_view format, std::span<const FormatArg> args) {
