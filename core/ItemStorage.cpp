@@ -17,70 +17,72 @@ std::size_t BytesFor(std::size_t header, std::int32_t capacity) noexcept {
 
 }  // namespace
 
-ItemStorage::ItemStorage(const ItemStorage& other) noexcept : block_(other.block_) {
-  if (block_ != nullptr) ++block_->holders;
+ItemStorage::ItemStorage(const ItemStorage& other) noexcept : slots_(other.slots_) {
+  if (slots_ != nullptr) ++Head().holders;
 }
 
-ItemStorage::ItemStorage(ItemStorage&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+ItemStorage::ItemStorage(ItemStorage&& other) noexcept : slots_(std::exchange(other.slots_, nullptr)) {}
 
 ItemStorage& ItemStorage::operator=(ItemStorage other) noexcept {
-  std::swap(block_, other.block_);
+  std::swap(slots_, other.slots_);
   return *this;
 }
 
 ItemStorage::~ItemStorage() {
-  Drop(block_);
+  if (slots_ != nullptr && --Head().holders == 0) Drop();
 }
 
-ItemStorage::Block* ItemStorage::Allocate(std::int32_t capacity) {
-  void* const memory = std::malloc(BytesFor(sizeof(Block), capacity));
+Object** ItemStorage::Allocate(std::int32_t capacity) {
+  void* const memory = std::malloc(BytesFor(sizeof(Header), capacity));
   if (memory == nullptr) throw std::bad_alloc();
-  return new (memory) Block{1, capacity, 0};
+  return reinterpret_cast<Object**>(new (memory) Header{1, capacity, 0} + 1);
 }
 
-void ItemStorage::Drop(Block* block) noexcept {
-  if (block == nullptr || --block->holders != 0) return;
-  for (std::int32_t i = 0; i < block->written; ++i) {
-    if (Slots(block)[i] != nullptr) Slots(block)[i]->Release();
+void ItemStorage::Drop() noexcept {
+  const std::int32_t written = Head().written;
+  for (std::int32_t i = 0; i < written; ++i) {
+    if (slots_[i] != nullptr) slots_[i]->Release();
   }
-  std::free(block);
+  std::free(&Head());
 }
 
 Object** ItemStorage::Writable(std::int32_t capacity, std::int32_t count) {
   MakeWritable(capacity);
-  if (block_->written < count) {
-    std::fill(Slots(block_) + block_->written, Slots(block_) + count, nullptr);
-    block_->written = count;
+  if (Head().written < count) {
+    std::fill(slots_ + Head().written, slots_ + count, nullptr);
+    Head().written = count;
   }
-  return Slots(block_);
+  return slots_;
 }
 
 void ItemStorage::MakeWritable(std::int32_t capacity) {
-  if (block_ == nullptr) {
-    block_ = Allocate(std::max(capacity, kFirstCapacity));
-  } else if (block_->holders != 1) {
-    Unshare(std::max(capacity, block_->capacity));
-  } else if (block_->capacity < capacity) {
+  if (slots_ == nullptr) {
+    slots_ = Allocate(std::max(capacity, kFirstCapacity));
+  } else if (Head().holders != 1) {
+    Unshare(std::max(capacity, Head().capacity));
+  } else if (Head().capacity < capacity) {
     Enlarge(capacity);
   }
 }
 
 void ItemStorage::Enlarge(std::int32_t capacity) {
-  void* const memory = std::realloc(static_cast<void*>(block_), BytesFor(sizeof(Block), capacity));
+  void* const memory = std::realloc(&Head(), BytesFor(sizeof(Header), capacity));
   if (memory == nullptr) throw std::bad_alloc();
-  block_ = static_cast<Block*>(memory);
-  block_->capacity = capacity;
+  auto* const head = static_cast<Header*>(memory);
+  head->capacity = capacity;
+  slots_ = reinterpret_cast<Object**>(head + 1);
 }
 
 void ItemStorage::Unshare(std::int32_t capacity) {
-  Block* const own = Allocate(capacity);
-  std::copy_n(Slots(block_), block_->written, Slots(own));
-  own->written = block_->written;
-  for (std::int32_t i = 0; i < own->written; ++i) {
-    if (Slots(own)[i] != nullptr) Slots(own)[i]->AddRef();
+  Object** const own = Allocate(capacity);
+  const std::int32_t written = Head().written;
+  std::copy_n(slots_, written, own);
+  for (std::int32_t i = 0; i < written; ++i) {
+    if (own[i] != nullptr) own[i]->AddRef();
   }
-  --block_->holders;
-  block_ = own;
+  HeadOf(own).written = written;
+  --Head().holders;
+  slots_ = own;
 }
 
 ItemSnapshot::ItemSnapshot(ItemStorage items, std::int32_t count) noexcept

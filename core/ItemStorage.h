@@ -21,48 +21,42 @@ class ItemStorage {
   ItemStorage& operator=(ItemStorage other) noexcept;
   ~ItemStorage();
 
-  std::int32_t capacity() const noexcept { return block_ == nullptr ? kFirstCapacity : block_->capacity; }
+  std::int32_t capacity() const noexcept { return slots_ == nullptr ? kFirstCapacity : Head().capacity; }
+  // How many slots, from the first on, were written.
+  std::int32_t written() const noexcept { return slots_ == nullptr ? 0 : Head().written; }
   // The item in a slot, null for an empty one; `slot` is within 0 .. capacity - 1.
-  Object* operator[](std::int32_t slot) const noexcept {
-    return block_ == nullptr || slot >= block_->written ? nullptr : Slots(block_)[slot];
-  }
+  Object* operator[](std::int32_t slot) const noexcept { return slot < written() ? slots_[slot] : nullptr; }
   // The item in a slot that was written.
-  Object* Written(std::int32_t slot) const noexcept { return Slots(block_)[slot]; }
+  Object* Written(std::int32_t slot) const noexcept { return slots_[slot]; }
   // The first slot, or null when nothing was ever written; only slots that were written may be read.
-  Object* const* data() const noexcept { return block_ == nullptr ? nullptr : Slots(block_); }
-  bool SharesSlotsWith(const ItemStorage& other) const noexcept { return block_ == other.block_; }
+  Object* const* data() const noexcept { return slots_; }
+  bool SharesSlotsWith(const ItemStorage& other) const noexcept { return slots_ == other.slots_; }
 
   // The first `count` slots for changing them, empty where they were never written; they are no longer
   // shared, and there are at least `capacity`. A pointer in a slot stands for a counted reference, which
   // whoever changes the slot takes over or gives up. Valid until the next call or copy.
   Object** Writable(std::int32_t capacity, std::int32_t count);
-  // Puts an item, which may be none, into `slot` when that is the first one never written and the slots are
-  // there and not shared; false when they are not, and nothing was done.
-  bool PutBehind(std::int32_t slot, Object* item) noexcept {
-    if (block_ == nullptr || block_->holders != 1) return false;
-    if (slot != block_->written || slot >= block_->capacity) return false;
-    if (item != nullptr) item->AddRef();
-    Slots(block_)[slot] = item;
-    block_->written = slot + 1;
-    return true;
-  }
+  // The first `count` slots have been written by now, to the slots that Writable answered; not before the
+  // last one that it knows of.
+  void SetWritten(std::int32_t count) const noexcept { Head().written = count; }
 
  private:
-  // The slots follow in the same piece of memory.
-  struct alignas(Object*) Block {
+  // Lies before the slots, in the same piece of memory.
+  struct alignas(Object*) Header {
     std::uint32_t holders;
     std::int32_t capacity;
     std::int32_t written;
   };
 
-  static Object** Slots(Block* block) noexcept { return reinterpret_cast<Object**>(block + 1); }
-  static Block* Allocate(std::int32_t capacity);
-  static void Drop(Block* block) noexcept;
+  static Header& HeadOf(Object** slots) noexcept { return reinterpret_cast<Header*>(slots)[-1]; }
+  Header& Head() const noexcept { return HeadOf(slots_); }
+  static Object** Allocate(std::int32_t capacity);
+  void Drop() noexcept;
   void MakeWritable(std::int32_t capacity);
   void Enlarge(std::int32_t capacity);
   void Unshare(std::int32_t capacity);
 
-  Block* block_ = nullptr;
+  Object** slots_ = nullptr;
 };
 
 // The items that a list holds at one moment, for a loop over borrowed pointers. What it lists stays alive and

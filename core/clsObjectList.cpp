@@ -81,6 +81,7 @@ Ref<Object> clsObjectList::GetItem(std::int32_t index) const {
 void clsObjectList::SetEventHandler(IObjListEventHandler* handler, Object* userData) {
   eventHandler_ = BackRef<IObjListEventHandler>(handler);
   userData_ = BackRef<Object>(userData);
+  ClosedSlots();
 }
 
 std::int32_t clsObjectList::AddItemBefore(Object* item, std::int32_t before) {
@@ -91,17 +92,16 @@ Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {
   const Ref<clsObjectList> self(this);
   const std::int32_t slot = NormalisedIndex(atIndex);
   CheckSlot(slot);
-  Object** const slots = items_.Writable(items_.capacity(), slot + 1);
+  Object** const slots = WritableSlots(items_.capacity(), slot + 1);
   Ref<Object> removed = slots[slot];
-  const std::int32_t last = count_ - 1;
+  const std::int32_t last = Size() - 1;
   if (slot < last) {
     // The removed item's own reference goes; the last one stays behind in the vacated slot as well.
     if (removed) removed->Release();
-    std::copy(slots + slot + 1, slots + count_, slots + slot);
+    std::copy(slots + slot + 1, next_, slots + slot);
     if (slots[last] != nullptr) slots[last]->AddRef();
   }
-  count_ = SubtractChecked(count_, 1);
-  ++changes_;
+  SetSize(last);
   NotifyRemoved(removed.get(), slot);
   return removed;
 }
@@ -112,12 +112,12 @@ void clsObjectList::Clear() {
     const ItemSnapshot items = Snapshot();
     for (std::int32_t i = 0; i < items.size(); ++i) NotifyRemoved(items[i], i);
   }
-  count_ = 0;
-  ++changes_;
+  ClosedSlots();
+  SetSize(0);
 }
 
 std::vector<Ref<Object>> clsObjectList::AsArray() const {
-  if (count_ <= 0) RaiseError(Error_SubscriptOutOfRange, kSource);
+  if (Size() <= 0) RaiseError(Error_SubscriptOutOfRange, kSource);
   const ItemSnapshot items = Snapshot();
   return {items.begin(), items.end()};
 }
@@ -148,15 +148,15 @@ std::int32_t clsObjectList::LastIndexWhere(IObjectPredicate* predicate) const {
 }
 
 void clsObjectList::SortInPlace(Ref<IObjectComparator>* comparator, bool Reverse, std::u16string_view field) {
-  if (count_ < 2) return;
+  if (Size() < 2) return;
   const Ref<clsObjectList> self(this);
   Ref<IObjectComparator> used = comparator == nullptr ? nullptr : *comparator;
   if (!used) {
     used = MakeDefaultComparator(Reverse, field);
     if (comparator != nullptr) *comparator = used;
   }
-  const ItemStorage sorted = items_;
-  std::vector<Object*> order(sorted.data(), sorted.data() + count_);
+  const ItemStorage sorted = ClosedSlots();
+  std::vector<Object*> order(sorted.data(), sorted.data() + Size());
   try {
     if (!SortByKeys(*used, order)) modArraySorting::QuickSortObjects(*used, order);
   } catch (...) {
@@ -176,18 +176,18 @@ Ref<clsObjectList> clsObjectList::Filter(IObjectPredicate* predicate) const {
 
 Ref<clsIterator> clsObjectList::BeginIter() const {
   Ref<clsIterator> iterator = MakeRef<clsIterator>();
-  iterator->InitShared(items_, count_);
+  iterator->InitShared(ClosedSlots(), Size());
   return iterator;
 }
 
 void clsObjectList::ExtendWith(clsObjectList* another) {
   const Ref<clsObjectList> self(this);
-  for (Object* item : Given(another).Snapshot()) InsertAt(item, 0, false);
+  for (Object* item : Given(another).Snapshot()) AddItem(item);
 }
 
 std::u16string clsObjectList::JoinStrings(std::u16string_view delimiter, const Variant& upToIndex) const {
   std::int32_t count = ToLong(upToIndex);
-  if (count < 0) count = count_;
+  if (count < 0) count = Size();
   if (count <= 0) RaiseError(Error_SubscriptOutOfRange, kSource);
   std::u16string result;
   for (std::int32_t i = 0; i < count; ++i) {
@@ -198,42 +198,42 @@ std::u16string clsObjectList::JoinStrings(std::u16string_view delimiter, const V
 }
 
 void clsObjectList::Reverse() {
-  if (count_ < 2) return;
-  Object** const slots = items_.Writable(items_.capacity(), count_);
-  std::reverse(slots, slots + count_);
-  ++changes_;
+  if (Size() < 2) return;
+  std::reverse(WritableSlots(items_.capacity(), Size()), next_);
+  ++otherChanges_;
 }
 
 std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool useBefore) {
   const Ref<clsObjectList> self(this);
   const Ref<Object> inserted(item);
-  const std::int32_t newCount = AddChecked(count_, 1);
+  const std::int32_t count = Size();
+  const std::int32_t newCount = AddChecked(count, 1);
   const std::int32_t capacity = items_.capacity();
-  const std::int32_t position = useBefore ? InsertPosition(before) : count_;
+  const std::int32_t position = useBefore ? InsertPosition(before) : count;
   CheckSlot(std::min(position, 0));
   const std::int32_t room = newCount > capacity ? MultiplyChecked(capacity, 2) : capacity;
-  const std::int32_t filled = std::max(position, count_);
-  Object** const slots = items_.Writable(room, filled + 1);
+  const std::int32_t filled = std::max(position, count);
+  Object** const slots = WritableSlots(room, filled + 1);
   // What an item that left had kept in the slot goes now, when everything is in place again.
   Ref<Object> displaced = Ref<Object>::Adopt(slots[filled]);
-  if (position < count_) std::copy_backward(slots + position, slots + count_, slots + newCount);
+  if (position < count) std::copy_backward(slots + position, slots + count, slots + newCount);
   slots[position] = Ref<Object>(inserted).Detach();
-  count_ = newCount;
-  ++changes_;
+  SetSize(newCount);
+  OpenSlots();
   displaced = nullptr;
   NotifyAdded(item, position);
   return position;
 }
 
 std::int32_t clsObjectList::InsertPosition(std::int32_t before) const {
-  const std::int32_t position = before < 0 ? AddChecked(before, count_) : before;
-  return position >= 0 ? std::min(position, count_) : 0;
+  const std::int32_t position = before < 0 ? AddChecked(before, Size()) : before;
+  return position >= 0 ? std::min(position, Size()) : 0;
 }
 
 std::int32_t clsObjectList::NormalisedIndex(std::int32_t index) const {
-  if (index < 0) index = AddChecked(index, count_);
+  if (index < 0) index = AddChecked(index, Size());
   if (index < 0) return 0;
-  return std::min(index, SubtractChecked(count_, 1));
+  return std::min(index, SubtractChecked(Size(), 1));
 }
 
 void clsObjectList::CheckSlot(std::int32_t slot) const {
@@ -242,7 +242,26 @@ void clsObjectList::CheckSlot(std::int32_t slot) const {
 
 Object* clsObjectList::CheckedItem(std::int32_t slot) const {
   CheckSlot(slot);
+  NoteWritten();
   return items_[slot];
+}
+
+void clsObjectList::SetSize(std::int32_t size) noexcept {
+  otherChanges_ = Changes() + 1 - static_cast<std::uint64_t>(size);
+  next_ += size - Size();
+}
+
+Object** clsObjectList::WritableSlots(std::int32_t capacity, std::int32_t count) {
+  const std::int32_t size = Size();
+  ClosedSlots();
+  Object** const slots = items_.Writable(capacity, count);
+  next_ = slots + size;
+  return slots;
+}
+
+// Slots that items left still hold them; AddItem takes the long way there, which lets them go.
+void clsObjectList::OpenSlots() noexcept {
+  if (eventHandler_.IsUnset() && items_.written() == Size()) openEnd_ = next_ + (items_.capacity() - Size());
 }
 
 void clsObjectList::NotifyAdded(Object* item, std::int32_t atIndex) {
@@ -264,8 +283,8 @@ void clsObjectList::PutInOrder(ItemStorage sorted, std::span<Object* const> orde
 }
 
 void clsObjectList::Rearrange(std::span<Object* const> order) {
-  std::copy(order.begin(), order.end(), items_.Writable(items_.capacity(), count_));
-  ++changes_;
+  std::copy(order.begin(), order.end(), WritableSlots(items_.capacity(), Size()));
+  ++otherChanges_;
 }
 
 }  // namespace vestrel

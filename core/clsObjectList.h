@@ -31,6 +31,8 @@ class clsObjectList : public Object {
  public:
   VESTREL_OBJECT(clsObjectList)
 
+  clsObjectList() noexcept = default;
+
   // The item at `index`. On an empty list a negative index gives what slot 0 holds and any other raises 9.
   Ref<Object> GetItem(std::int32_t index) const;
   // The observer of insertions and removals (none for none) and the object that it is handed with each event.
@@ -42,15 +44,16 @@ class clsObjectList : public Object {
   // Appends. Calls ItemAdded. The result is the new item's position. Both raise 9 where Remove has left Size
   // below zero and the position would be, too.
   std::int32_t AddItem(Object* item) {
-    // The common case, where nothing can call back: nobody watches, and the slot was never written.
-    if (!eventHandler_.IsUnset() || !items_.PutBehind(count_, item)) return InsertAt(item, 0, false);
-    ++changes_;
-    return count_++;
+    // The common case, where nothing can call back.
+    if (next_ >= openEnd_) return InsertAt(item, 0, false);
+    if (item != nullptr) item->AddRef();
+    *next_++ = item;
+    return Size() - 1;
   }
   // Takes out and answers the item at `atIndex`. Calls ItemRemoved. Does not guard against an empty list: a
   // negative index then takes slot 0 and leaves Size at -1, any other raises 9.
   Ref<Object> Remove(std::int32_t atIndex);
-  std::int32_t Size() const noexcept { return count_; }
+  std::int32_t Size() const noexcept { return static_cast<std::int32_t>(next_ - items_.data()); }
   // Calls ItemRemoved for each item in ascending order while all are still in place, then empties the list.
   void Clear();
   // The items in order. Raises 9 for an empty list.
@@ -89,17 +92,20 @@ class clsObjectList : public Object {
   void Reverse();
 
   // The items as they are now, for loops inside the library.
-  ItemSnapshot Snapshot() const { return {items_, count_}; }
+  ItemSnapshot Snapshot() const { return {ClosedSlots(), Size()}; }
   // The item at `index`, which is within 0 .. Size - 1; the list alone keeps it alive. For loops inside the
   // library that ask for each item anew.
   Object* Borrow(std::int32_t index) const noexcept { return items_.Written(index); }
   // Moves on with every change of the items or their order: while it stands still, what was found out about
   // the list still holds.
-  std::uint64_t Changes() const noexcept { return changes_; }
+  std::uint64_t Changes() const noexcept { return otherChanges_ + static_cast<std::uint64_t>(Size()); }
   // Puts the list's items in another order, without events. `order` holds the same Size items.
   void Rearrange(std::span<Object* const> order);
   // Slots that the list has room for without growing.
   std::int32_t Capacity() const noexcept { return items_.capacity(); }
+
+ protected:
+  ~clsObjectList() override { NoteWritten(); }
 
  private:
   std::int32_t InsertAt(Object* item, std::int32_t before, bool useBefore);
@@ -107,13 +113,31 @@ class clsObjectList : public Object {
   std::int32_t NormalisedIndex(std::int32_t index) const;
   void CheckSlot(std::int32_t slot) const;
   Object* CheckedItem(std::int32_t slot) const;
+  void SetSize(std::int32_t size) noexcept;
+  Object** WritableSlots(std::int32_t capacity, std::int32_t count);
+  void OpenSlots() noexcept;
+  // The slots do not know of what AddItem wrote while they were open.
+  void NoteWritten() const noexcept {
+    if (openEnd_ != nullptr) items_.SetWritten(Size());
+  }
+  // The slots, fit to be shared.
+  const ItemStorage& ClosedSlots() const noexcept {
+    NoteWritten();
+    openEnd_ = nullptr;
+    return items_;
+  }
   void NotifyAdded(Object* item, std::int32_t atIndex);
   void NotifyRemoved(Object* item, std::int32_t atIndex);
   void PutInOrder(ItemStorage sorted, std::span<Object* const> order);
 
   ItemStorage items_;
-  std::int32_t count_ = 0;
-  std::uint64_t changes_ = 0;
+  // The slot behind the last item.
+  Object** next_ = nullptr;
+  // Up to here AddItem writes to next_ without a look at anything else: nobody watches, the slots are not
+  // shared, and those from next_ on were never written. Null where that may not be so.
+  mutable Object** openEnd_ = nullptr;
+  // Beside the items that AddItem appends, which count in Size.
+  std::uint64_t otherChanges_ = 0;
   BackRef<IObjListEventHandler> eventHandler_;
   BackRef<Object> userData_;
 };
