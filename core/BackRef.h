@@ -16,6 +16,8 @@ class WeakAnchor {
  public:
   explicit WeakAnchor(Object& target) noexcept : target_(&target) {}
   Object* target() const noexcept { return target_; }
+  // Where the target is found, as long as the anchor is there.
+  Object* const* place() const noexcept { return &target_; }
   void Clear() noexcept { target_ = nullptr; }
   void AddRef() noexcept { ++references_; }
   void Release() noexcept {
@@ -94,6 +96,8 @@ class BackRef {
 
   // The object for the length of a call, or none when it is gone.
   Ref<T> Lock() const noexcept { return Ref<T>(Alive()); }
+  // The anchor of a target that is held weakly.
+  const WeakAnchor* Anchor() const noexcept { return anchor_; }
   // Whether none was ever given; one that is gone was.
   bool IsUnset() const noexcept { return pointer_ == nullptr; }
   // Whether the object is still there.
@@ -107,6 +111,35 @@ class BackRef {
 
   T* pointer_ = nullptr;
   WeakAnchor* anchor_ = nullptr;
+};
+
+// A BackRef for calls by the million: what the target's count is part of is at hand.
+template <class T>
+class QuickBackRef {
+ public:
+  QuickBackRef() noexcept = default;
+  QuickBackRef(const QuickBackRef&) = delete;
+  QuickBackRef& operator=(const QuickBackRef&) = delete;
+  ~QuickBackRef() = default;
+  QuickBackRef& operator=(T* target) {
+    BackRef<T> reference(target);
+    object_ = target;
+    place_ = reference.Anchor() != nullptr ? reference.Anchor()->place() : &object_;
+    pointer_ = target;
+    std::swap(reference_, reference);
+    return *this;
+  }
+
+  // The object to be kept for the length of a call, or null when it is gone.
+  Object* Alive() const noexcept { return *place_; }
+  // Only while it is alive.
+  T* operator->() const noexcept { return pointer_; }
+
+ private:
+  T* pointer_ = nullptr;
+  Object* object_ = nullptr;
+  Object* const* place_ = &object_;
+  BackRef<T> reference_;
 };
 
 }  // namespace vestrel

@@ -93,9 +93,10 @@ class clsObjectList : public Object {
 
   // The items as they are now, for loops inside the library.
   ItemSnapshot Snapshot() const { return {ClosedSlots(), Size()}; }
-  // The item at `index`, which is within 0 .. Size - 1; the list alone keeps it alive. For loops inside the
+  // The items where they stand, until the list changes; the list alone keeps them alive. For loops inside the
   // library that ask for each item anew.
-  Object* Borrow(std::int32_t index) const noexcept { return items_.Written(index); }
+  Object* const* begin() const noexcept { return items_.data(); }
+  Object* const* end() const noexcept { return next_; }
   // Moves on with every change of the items or their order: while it stands still, what was found out about
   // the list still holds.
   std::uint64_t Changes() const noexcept { return otherChanges_ + static_cast<std::uint64_t>(Size()); }

@@ -18,14 +18,6 @@ const std::u16string& ButtonName(const vxEvent& ev) {
   return ev.button->name;
 }
 
-// Handler and index are those that the button's change leaves.
-void Fire(vxEvent& ev, clsButton& button, const BackRef<IVXEventListHandler>& handler,
-          const std::int32_t& index) {
-  const auto newState = ev.eventType == vxEvent_ButtonOn ? PlayState_On : PlayState_Off;
-  button.setPlayState(newState, PSEventSource_RecPlayback, ev.mouseButton, ev.shift, ev.x, ev.y);
-  if (const Ref<IVXEventListHandler> told = handler.Lock()) told->EventFired(&ev, index);
-}
-
 }  // namespace
 
 void vxEventList::Init(IVXEventListHandler* handler) {
@@ -110,25 +102,43 @@ Object* vxEventList::ItemBeforeFirst() const {
 
 // Asked anew for each event: what the last one set off may have changed or replaced the list.
 inline vxEvent* vxEventList::NextDue(std::int32_t pTime) const {
-  if (!events_) RaiseError(Error_ObjectNotSet);
-  if (playIndex_ >= events_->Size()) return nullptr;
-  auto& ev = Cast<vxEvent>(playIndex_ >= 0 ? events_->Borrow(playIndex_) : ItemBeforeFirst());
+  Object* item = nullptr;
+  if (playIndex_ >= 0) {
+    Object* const* const place = events_->begin() + playIndex_;
+    if (place >= events_->end()) return nullptr;
+    item = *place;
+  } else {
+    if (playIndex_ >= events_->Size()) return nullptr;
+    item = ItemBeforeFirst();
+  }
+  auto& ev = Cast<vxEvent>(item);
   return ev.time() > pTime ? nullptr : &ev;
+}
+
+// Event, button and handler are kept as what their count is part of, so that it is looked for once.
+inline void vxEventList::Fire(vxEvent& ev) {
+  clsButton* const button = ev.button.get();
+  if (button == nullptr) FailWithoutButton();
+  const Ref<Object> heldButton(button);
+  const auto newState = ev.eventType == vxEvent_ButtonOn ? PlayState_On : PlayState_Off;
+  button->setPlayState(newState, PSEventSource_RecPlayback, ev.mouseButton, ev.shift, ev.x, ev.y);
+  // Handler and index are those that the button's change leaves.
+  if (Object* const told = handler_.Alive()) {
+    const Ref<Object> heldHandler(told);
+    handler_->EventFired(&ev, playIndex_);
+  }
+  if (modLog::Passes(LogLevel_4_SPEW)) LogFired(*button, ev.time());
 }
 
 void vxEventList::UpdateTime(std::int32_t pTime) {
   const Ref<vxEventList> self(this);
+  if (!events_) RaiseError(Error_ObjectNotSet);
   while (vxEvent* const due = NextDue(pTime)) {
-    const Ref<vxEvent> ev(due);
+    const Ref<Object> held(due);
     if (recording_ && recordMode_ == RecordMode_Overwrite) {
-      LogSkipped(*ev);
+      LogSkipped(*due);
     } else {
-      clsButton* const button = ev->button.get();
-      if (button == nullptr) FailWithoutButton();
-      // As its base, so that its count is looked for once.
-      const Ref<Object> held(button);
-      Fire(*ev, *button, handler_, playIndex_);
-      if (modLog::Passes(LogLevel_4_SPEW)) LogFired(*button, ev->time());
+      Fire(*due);
     }
     ++playIndex_;
   }

@@ -78,6 +78,7 @@ class vxEventList : public virtual IObjectComparator {
   // Borrowed from the list.
   vxEvent* NextDue(std::int32_t pTime) const;
   Object* ItemBeforeFirst() const;
+  void Fire(vxEvent& ev);
   // Apart, so that playing without the log at Spew does without what they take.
   static void LogFired(const clsButton& button, std::int32_t time);
   static void LogSkipped(const vxEvent& ev);
@@ -90,7 +91,7 @@ class vxEventList : public virtual IObjectComparator {
   RecordModeEnum recordMode_ = RecordMode_Merge;
   bool recording_ = false;
   std::int32_t playIndex_ = 0;
-  BackRef<IVXEventListHandler> handler_;
+  QuickBackRef<IVXEventListHandler> handler_;
   EventOrder order_;
 };
 
