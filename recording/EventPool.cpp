@@ -1,5 +1,5 @@
 // A piece starts at a multiple of its size, so a block's address says which piece it is in. Pieces with free
-// blocks are in a list; those that are full are found through their blocks alone.
+// blocks, empty ones too, are in a list; those that are full are found through their blocks alone.
 #include "recording/EventPool.h"
 
 #include <cstdint>
@@ -32,7 +32,12 @@ struct Piece {
 
 constexpr std::size_t kBlocks = (kPieceSize - sizeof(Piece)) / kBlockSize;
 
+// 64 MB, enough for 1.6 million events.
+constexpr std::size_t kMostEmpty = 1024;
+
 thread_local Piece* withRoom = nullptr;
+thread_local std::size_t empty = 0;
+thread_local bool keepsEmpty = true;
 
 char* BlocksOf(Piece* piece) noexcept {
   return reinterpret_cast<char*>(piece + 1);
@@ -59,8 +64,30 @@ void Unlink(Piece* piece) noexcept {
   }
 }
 
+void Free(Piece* piece) noexcept {
+  Unlink(piece);
+  ::operator delete(piece, kPieceSize, std::align_val_t(kPieceAlignment));
+}
+
+// At the end of the thread nothing is kept any longer.
+struct Cleaner {
+  Cleaner() = default;
+  Cleaner(const Cleaner&) = delete;
+  Cleaner& operator=(const Cleaner&) = delete;
+  ~Cleaner() {
+    keepsEmpty = false;
+    for (Piece* piece = withRoom; piece != nullptr;) {
+      Piece* const next = piece->next;
+      if (piece->taken == 0) Free(piece);
+      piece = next;
+    }
+  }
+};
+
 void AddPiece() {
+  static thread_local const Cleaner cleaner;
   Link(new (::operator new(kPieceSize, std::align_val_t(kPieceAlignment))) Piece{});
+  ++empty;
 }
 
 }  // namespace
@@ -69,6 +96,7 @@ void* Take() {
   if (!kPooled) return ::operator new(kBlockSize);
   if (withRoom == nullptr) AddPiece();
   Piece* const piece = withRoom;
+  if (piece->taken == 0) --empty;
   void* block = piece->given;
   if (block != nullptr) {
     piece->given = piece->given->next;
@@ -85,8 +113,11 @@ void Give(void* block) noexcept {
   if (piece->taken == kBlocks) Link(piece);
   piece->given = new (block) FreeBlock{piece->given};
   if (--piece->taken != 0) return;
-  Unlink(piece);
-  ::operator delete(piece, kPieceSize, std::align_val_t(kPieceAlignment));
+  if (!keepsEmpty || empty == kMostEmpty) return Free(piece);
+  ++empty;
+  // As new: what is taken next lies side by side again.
+  piece->given = nullptr;
+  piece->fresh = 0;
 }
 
 }  // namespace vestrel::EventPool

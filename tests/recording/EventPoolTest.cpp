@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <random>
 #include <set>
+#include <thread>
 #include <vector>
 
 #include "recording/EventPool.h"
@@ -84,6 +86,26 @@ TEST(EventPoolTest, BlocksThatCameBackAreTakenAgain) {
   for (int i = 0; i < 100; ++i) blocks.Take();
   if (kWatched) return;
   EXPECT_EQ(blocks.Addresses(), before);
+}
+
+// On a thread of its own, whose pool is new and ends with it.
+TEST(EventPoolTest, WhatOneRecordingGaveBackServesTheNextThoughOthersTakeMemory) {
+  if (kWatched) return;
+  std::thread([] {
+    std::set<void*> first;
+    {
+      Blocks blocks;
+      for (int i = 0; i < 5000; ++i) blocks.Take();
+      first = blocks.Addresses();
+    }
+    constexpr std::align_val_t kAlignment{65536};
+    std::vector<void*> others;
+    for (int i = 0; i < 8; ++i) others.push_back(::operator new(65536 - 64, kAlignment));
+    Blocks blocks;
+    for (int i = 0; i < 5000; ++i) blocks.Take();
+    EXPECT_EQ(blocks.Addresses(), first);
+    for (void* const other : others) ::operator delete(other, 65536 - 64, kAlignment);
+  }).join();
 }
 
 }  // namespace
