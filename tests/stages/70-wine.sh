@@ -120,7 +120,7 @@ natively() {
     $compared
   host "a settings file that another program holds" 60 "$built/tests/HeldFile.exe"
   host "two processes at one settings file, $shared writes each" $((60 + shared / 50)) "$built/tests/Shared.exe" $shared
-  host "$kills processes ended while they save" $((120 + kills * 20)) "$built/tests/Killed.exe" $kills
+  host "$kills processes ended while they save" $((120 + kills * 4)) "$built/tests/Killed.exe" $kills
 }
 
 # The benchmark of calls, as far as it measures: no figure is judged here, since the machine may be busy.
