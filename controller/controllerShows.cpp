@@ -36,7 +36,7 @@ bool HasPage(const clsPageManager& manager, std::u16string_view pageName) {
 // others, as one that was loaded half way has.
 void ShowAgain(clsPageManager& manager, std::u16string_view pageName) {
   const bool hasShow = manager.showName() != clsPageManager::kNullShow;
-  if (HasPage(manager, pageName) || !hasShow) return manager.SetPage(pageName, false);
+  if (HasPage(manager, pageName) || !hasShow) return manager.SetPage(pageName);
   if (pageName == clsPageManager::kNullPage) manager.ShowPlaceholder();
 }
 

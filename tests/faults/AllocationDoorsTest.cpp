@@ -9,12 +9,14 @@
 #include "core/Error.h"
 #include "core/clsString.h"
 #include "core/modObjectList.h"
+#include "model/clsPage.h"
 #include "platform/System.h"
 #include "recording/vxEventList.h"
 #include "storage/IniBatch.h"
 #include "storage/TextFile.h"
 #include "storage/modIniFile.h"
 #include "tests/support/Allocations.h"
+#include "tests/support/Errors.h"
 #include "tests/support/TempFolder.h"
 
 namespace vestrel::test {
@@ -143,6 +145,29 @@ TEST_F(AllocationDoorsTest, TheByNameDoorRaisesSeven) {
         return text.AsString().size() == 56;
       },
       [](End end) { EXPECT_NE(end, End::Failed); });
+}
+
+// Up to some point it is a page that is never saved; then it has no file yet, then not all groups.
+TEST_F(AllocationDoorsTest, APageWhoseInitDidNotEndIsNeitherReadNorWritten) {
+  constexpr std::int32_t kNotBound = 999;
+  int unbound = 0;
+  Ref<clsPage> page;
+  FailInTurn(
+      [&] {
+        page = nullptr;
+        page = MakeRef<clsPage>();
+        page->Init(folder.Path(), nullptr, u"Gala", u"Act 1");
+        return true;
+      },
+      [&](End end) {
+        if (end == End::Done || !page) return;
+        const std::int32_t number = RaisedNumber([&] { page->loadFromINI(); });
+        EXPECT_TRUE(number == 0 || number == kNotBound || number == Error_ObjectNotSet) << number;
+        EXPECT_EQ(RaisedNumber([&] { page->saveToINI(); }), number);
+        unbound += number == kNotBound ? 1 : 0;
+      });
+  EXPECT_GT(unbound, 0);
+  EXPECT_TRUE(fs::is_empty(folder.Real()));
 }
 
 }  // namespace
