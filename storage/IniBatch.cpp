@@ -92,7 +92,7 @@ void IniBatch::Add(const ProfileEdit& edit) {
 std::optional<std::string_view> IniBatch::Find(std::string_view section, std::string_view key,
                                                std::optional<std::string>& own) {
   if (!loaded_) Load();
-  if (edits_.empty() && index_) return index_->Find(section, key);
+  if (edits_.empty() && reader_) return reader_->Find(section, key);
   return FindAmongPending(section, key, own);
 }
 
@@ -104,7 +104,7 @@ std::optional<std::string_view> IniBatch::FindAmongPending(std::string_view sect
   const auto pending = std::find_if(edits.rbegin(), edits.rend(),
                                     [&](const ProfileEdit& edit) { return Concerns(edit, section, key); });
   if (pending != edits.rend()) return profile::ReadableValue(*pending->value);
-  if (index_) return index_->Find(section, key);
+  if (reader_) return reader_->Find(section, key);
   return own = FindInFile(bytes_.view(), section, key);
 }
 
@@ -112,12 +112,12 @@ void IniBatch::Load() {
   if (std::exchange(loaded_, true)) return;
   readStatus_ = ReadWholeFile(fileName_, bytes_);
   if (readStatus_ != platform::FileStatus::Ok) bytes_ = {};
-  if (!utf16::HasMark(bytes_.view())) index_.emplace(bytes_.view());
+  if (!utf16::HasMark(bytes_.view())) reader_.emplace(bytes_.view());
 }
 
 void IniBatch::Forget() {
   loaded_ = false;
-  index_.reset();
+  reader_.reset();
   bytes_ = {};
 }
 

@@ -16,7 +16,7 @@
 #include "storage/FileIo.h"
 #include "storage/ProfileEdits.h"
 #include "storage/ProfileFile.h"
-#include "storage/ProfileIndex.h"
+#include "storage/ProfileReader.h"
 
 namespace vestrel {
 
@@ -76,7 +76,7 @@ class IniBatch {
   bool loaded_ = false;
   platform::FileStatus readStatus_ = platform::FileStatus::Ok;
   FileBytes bytes_;
-  std::optional<ProfileIndex> index_;
+  std::optional<ProfileReader> reader_;
 };
 
 }  // namespace vestrel

@@ -57,16 +57,6 @@ std::size_t Find(std::string_view text, std::size_t at) noexcept {
   return at;
 }
 
-std::size_t FindLineEnd(std::string_view text, std::size_t at) noexcept {
-  return Find<Sought::LineEnd>(text, at);
-}
-
-std::size_t AfterLineEnd(std::string_view text, std::size_t end) noexcept {
-  if (end == text.size()) return end;
-  const bool pair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
-  return end + (pair ? 2 : 1);
-}
-
 std::string_view Part(std::string_view text, std::size_t begin, std::size_t end) noexcept {
   return {text.data() + begin, end - begin};
 }
@@ -79,10 +69,15 @@ bool HasLineEnd(std::string_view text) noexcept {
   std::uint64_t low = LowBytes(EightAt(text.data() + text.size() - kBlock));
   for (std::size_t at = 0; at + kBlock < text.size(); at += kBlock)
     low |= LowBytes(EightAt(text.data() + at));
-  return low != 0 && FindLineEnd(text, 0) < text.size();
+  return low != 0 && LineEnd(text, 0) < text.size();
 }
 
 bool HasDividerOrLineEnd(std::string_view text) noexcept {
+  if (text.size() >= kBlock && text.size() <= 2 * kBlock) {
+    const std::uint64_t front = EightAt(text.data());
+    const std::uint64_t back = EightAt(text.data() + text.size() - kBlock);
+    if ((Marks<Sought::DividerOrLineEnd>(front) | Marks<Sought::DividerOrLineEnd>(back)) == 0) return false;
+  }
   return Find<Sought::DividerOrLineEnd>(text, 0) < text.size();
 }
 
@@ -99,8 +94,12 @@ bool SameNameOfAnySize(std::string_view a, std::string_view b) noexcept {
   return true;
 }
 
+std::size_t LineEnd(std::string_view text, std::size_t at) noexcept {
+  return Find<Sought::LineEnd>(text, at);
+}
+
 std::size_t NextLine(std::string_view text, std::size_t begin) noexcept {
-  return AfterLineEnd(text, FindLineEnd(text, begin));
+  return AfterLineEnd(text, LineEnd(text, begin));
 }
 
 Line ReadLine(std::string_view text, std::size_t begin) noexcept {
@@ -111,16 +110,16 @@ Line ReadLine(std::string_view text, std::size_t begin) noexcept {
   const char first = start < text.size() ? text[start] : '\n';
   if (first == '[') {
     line.kind = LineKind::Section;
-    line.end = FindLineEnd(text, start);
+    line.end = LineEnd(text, start);
     const std::string_view name = Part(text, start + 1, line.end);
     line.name = TrimBlanks(name.substr(0, name.find(']')));
   } else if (first == ';') {
     line.kind = LineKind::Comment;
-    line.end = FindLineEnd(text, start);
+    line.end = LineEnd(text, start);
   } else {
     line.end = Find<Sought::DividerOrLineEnd>(text, start);
     if (line.end < text.size() && text[line.end] == '=') {
-      const std::size_t divider = std::exchange(line.end, FindLineEnd(text, line.end + 1));
+      const std::size_t divider = std::exchange(line.end, LineEnd(text, line.end + 1));
       line.kind = LineKind::Key;
       line.name = TrimBlanks(Part(text, start, divider));
       line.value = Part(text, divider + 1, line.end);

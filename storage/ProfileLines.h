@@ -88,7 +88,32 @@ inline bool SameName(std::string_view a, std::string_view b) noexcept {
 inline bool MayBegin(std::string_view text, std::string_view name) noexcept {
   return name.size() < kCompared || text.size() < kCompared || !DifferBeyondCase(text.data(), name.data());
 }
+// The first line end at or after `at`; the text's size when there is none.
+std::size_t LineEnd(std::string_view text, std::size_t at) noexcept;
+// Where the next line begins behind a line end, or what LineEnd answers for none.
+inline std::size_t AfterLineEnd(std::string_view text, std::size_t end) noexcept {
+  if (end == text.size()) return end;
+  const bool pair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
+  return end + (pair ? 2 : 1);
+}
 std::size_t NextLine(std::string_view text, std::size_t begin) noexcept;
+
+// Whether the text, from the beginning of a line on, begins with a key line of that name. False, too, for a
+// few odd names that ReadLine finds.
+inline bool BeginsKeyLine(std::string_view text, std::string_view name) noexcept {
+  if (name.empty() || name.size() >= text.size() || text[name.size()] != '=') return false;
+  const auto letter = static_cast<unsigned char>(name.front() | 0x20);
+  return SameName(text.substr(0, name.size()), name) && letter >= 'a' && letter <= 'z' &&
+         !IsBlank(name.back()) && !HasDividerOrLineEnd(name);
+}
+
+// The line that begins at `begin`, where BeginsKeyLine is true for a name of that size.
+inline Line KeyLine(std::string_view text, std::size_t begin, std::size_t nameSize) noexcept {
+  const std::size_t value = begin + nameSize + 1;
+  const std::size_t end = LineEnd(text, value);
+  return {LineKind::Key, text.substr(begin, nameSize), text.substr(value, end - value), begin,
+          end,           AfterLineEnd(text, end)};
+}
 
 // The line that begins at `begin`, which is less than the text's size.
 Line ReadLine(std::string_view text, std::size_t begin) noexcept;
