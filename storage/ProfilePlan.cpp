@@ -9,7 +9,9 @@ using profile::LineKind;
 
 namespace {
 
+// Among more a table finds a name, but for the first few in the lines of a file.
 constexpr std::size_t kSearchedThrough = 8;
+constexpr int kMostSearches = 32;
 
 // The scope of sections in their own table.
 constexpr std::uint32_t kSections = 0;
@@ -27,12 +29,9 @@ bool IsWrittenForm(std::string_view text, const Line& line) {
 }  // namespace
 
 ProfilePlan::ProfilePlan(std::string_view text, std::span<const ProfileEdit> run)
-    : text_(text),
-      endIsOpen_(!text.empty() && !profile::IsLineEnd(text.back())),
-      usesTables_(run.size() > kSearchedThrough) {
+    : text_(text), endIsOpen_(!text.empty() && !profile::IsLineEnd(text.back())) {
   entries_.reserve(run.size());
   splices_.reserve(run.size());
-  if (usesTables_) keys_.Reserve(run.size());
   for (const ProfileEdit& edit : run) Add(edit);
   EditSections();
   for (const Group& group : groups_) {
@@ -44,16 +43,16 @@ ProfilePlan::ProfilePlan(std::string_view text, std::span<const ProfileEdit> run
 void ProfilePlan::Add(const ProfileEdit& edit) {
   const std::string_view section = profile::TrimSpaces(edit.section);
   const std::string_view key = profile::TrimSpaces(edit.key);
-  const bool sameAgain = !groups_.empty() && groups_.back().section == section;
+  const bool sameAgain = !groups_.empty() && profile::SameName(groups_.back().section, section);
   Number number = sameAgain ? static_cast<Number>(groups_.size() - 1) : FindGroup(section);
   if (number == kNone) number = AddGroup(section);
   const auto entry = static_cast<Number>(entries_.size());
-  const Number earlier = usesTables_ ? keys_.Add(number, key) : FindEntry(number, key);
-  if (earlier < entry) {
+  const Number earlier = groups_[number].names.IsNew(key) ? kNone : FindEntry(number, key);
+  if (earlier != kNone) {
     entries_[earlier].value = edit.value;
     return;
   }
-  entries_.push_back({key, edit.value});
+  entries_.push_back({key, edit.value, number});
   Group& group = groups_[number];
   (group.count == 0 ? group.first : entries_[group.last].next) = entry;
   group.last = entry;
@@ -62,21 +61,27 @@ void ProfilePlan::Add(const ProfileEdit& edit) {
 
 ProfilePlan::Number ProfilePlan::AddGroup(std::string_view section) {
   groups_.emplace_back().section = section;
-  if (usesTables_) sections_.Add(kSections, section);
   return static_cast<Number>(groups_.size() - 1);
 }
 
-ProfilePlan::Number ProfilePlan::FindGroup(std::string_view section) const {
-  if (usesTables_) return sections_.Find(kSections, section);
+ProfilePlan::Number ProfilePlan::FindGroup(std::string_view section) {
+  if (groups_.size() > kSearchedThrough) {
+    while (sections_.size() < groups_.size()) sections_.Add(kSections, groups_[sections_.size()].section);
+    return sections_.Find(kSections, section);
+  }
   const auto found = std::find_if(groups_.begin(), groups_.end(), [&](const Group& group) {
     return profile::SameName(group.section, section);
   });
   return found == groups_.end() ? kNone : static_cast<Number>(found - groups_.begin());
 }
 
-ProfilePlan::Number ProfilePlan::FindEntry(Number group, std::string_view key) const {
+ProfilePlan::Number ProfilePlan::FindEntry(Number group, std::string_view key) {
   if (expected_ != kNone && profile::SameName(entries_[expected_].key, key)) return expected_;
-  if (usesTables_) return keys_.Find(group, key);
+  if (groups_[group].count > kSearchedThrough && ++searches_ > kMostSearches) {
+    while (keys_.size() < entries_.size())
+      keys_.Add(entries_[keys_.size()].group, entries_[keys_.size()].key);
+    return keys_.Find(group, key);
+  }
   for (Number entry = groups_[group].first; entry != kNone; entry = entries_[entry].next) {
     if (profile::SameName(entries_[entry].key, key)) return entry;
   }
@@ -106,9 +111,11 @@ void ProfilePlan::EditSection(Number number, const Line& header) {
       at = profile::NextLine(text_, at);
       continue;
     }
-    const Line line = profile::ReadLine(text_, at);
+    Number entry = ExpectedAt(at);
+    const Line line = entry == kNone ? profile::ReadLine(text_, at)
+                                     : profile::KeyLine(text_, at, entries_[entry].key.size());
     if (line.kind == LineKind::Section) break;
-    const Number entry = EntryFor(number, line);
+    if (entry == kNone) entry = EntryFor(number, line);
     if (entry != kNone) {
       EditLine(line, entries_[entry]);
       entries_[entry].done = true;
@@ -120,16 +127,21 @@ void ProfilePlan::EditSection(Number number, const Line& header) {
   if (open > 0) AddKeys(group, LastOf(header));
 }
 
-ProfilePlan::Number ProfilePlan::EntryFor(Number group, const Line& line) const {
+ProfilePlan::Number ProfilePlan::EntryFor(Number group, const Line& line) {
   if (line.kind != LineKind::Key) return kNone;
   const Number entry = FindEntry(group, line.name);
   return entry != kNone && !entries_[entry].done ? entry : kNone;
 }
 
+ProfilePlan::Number ProfilePlan::ExpectedAt(std::size_t at) const {
+  if (expected_ == kNone || entries_[expected_].done) return kNone;
+  return profile::BeginsKeyLine(text_.substr(at), entries_[expected_].key) ? expected_ : kNone;
+}
+
 // Most lines of a large section are passed on sight of their first bytes.
 bool ProfilePlan::MayConcern(const Group& group, std::size_t at) const {
   const std::string_view line = text_.substr(at);
-  if (usesTables_ || line.front() == '[' || profile::IsBlank(line.front())) return true;
+  if (group.count > kSearchedThrough || line.front() == '[' || profile::IsBlank(line.front())) return true;
   for (Number entry = group.first; entry != kNone; entry = entries_[entry].next) {
     if (!entries_[entry].done && profile::MayBegin(line, entries_[entry].key)) return true;
   }

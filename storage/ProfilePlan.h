@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "storage/AscendingNames.h"
 #include "storage/NameTable.h"
 #include "storage/ProfileEdits.h"
 #include "storage/ProfileLines.h"
@@ -34,7 +35,8 @@ class ProfilePlan {
   struct Entry {
     std::string_view key;
     std::optional<std::string_view> value;  // none deletes
-    Number next = kNone;                    // of the group
+    Number group;
+    Number next = kNone;  // of the group
     bool done = false;
   };
   // The edits of one section, in the order of writing.
@@ -44,18 +46,21 @@ class ProfilePlan {
     Number last = kNone;
     std::size_t count = 0;
     bool isThere = false;
+    AscendingNames names;
   };
 
   void Add(const ProfileEdit& edit);
   Number AddGroup(std::string_view section);
-  Number FindGroup(std::string_view section) const;
-  Number FindEntry(Number group, std::string_view key) const;
+  Number FindGroup(std::string_view section);
+  Number FindEntry(Number group, std::string_view key);
 
   // Those that are there, from the first to the last.
   void EditSections();
   void EditSection(Number number, const profile::Line& header);
   // The open entry that the line is to be changed by.
-  Number EntryFor(Number group, const profile::Line& line) const;
+  Number EntryFor(Number group, const profile::Line& line);
+  // The expected entry, open, where its line begins at `at`.
+  Number ExpectedAt(std::size_t at) const;
   // Whether the line that begins at `at` opens a section or may hold one of the group's keys.
   bool MayConcern(const Group& group, std::size_t at) const;
   void EditLine(const profile::Line& line, const Entry& entry);
@@ -68,12 +73,12 @@ class ProfilePlan {
   void Insert(std::size_t offset, bool behindOpenLine, std::string_view text);
 
   std::string_view text_;
-  bool endIsOpen_;   // the last line, as it will be, has no end
-  bool usesTables_;  // where a search through all would be slow
+  bool endIsOpen_;  // the last line, as it will be, has no end
   std::vector<Entry> entries_;
   std::vector<Group> groups_;
-  NameTable keys_;           // of the entries, each in the scope that its group's number is
-  NameTable sections_;       // of the groups
+  NameTable keys_;           // of the first entries, each in the scope that its group's number is
+  NameTable sections_;       // of the first groups
+  int searches_ = 0;         // through many, for want of a table
   Number expected_ = kNone;  // of the section at hand: what the next line is likely to hold
   TextArena texts_;
   std::vector<ProfileSplice> splices_;

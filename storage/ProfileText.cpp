@@ -21,8 +21,7 @@ bool IsPlainSection(std::string_view name) {
 bool IsPlainKey(std::string_view name) {
   name = profile::TrimSpaces(name);
   const bool marked = !name.empty() && (name.front() == ';' || name.front() == '[');
-  return !marked && name.find('=') == std::string_view::npos && profile::TrimBlanks(name) == name &&
-         !profile::HasLineEnd(name);
+  return !marked && profile::TrimBlanks(name).size() == name.size() && !profile::HasDividerOrLineEnd(name);
 }
 
 // An edit that adds or changes one line and nothing else. Those that follow one another need not be made one

@@ -1,6 +1,7 @@
 // The rules of INI text, one row each, read and written.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
@@ -378,6 +379,28 @@ TEST(ProfileTextTest, ManyKeysAtOnceComeOutAsOneByOne) {
   std::string oneByOne = text;
   for (const ProfileEdit& edit : edits.view()) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
   EXPECT_EQ(EditedFile(text, edits.view()), oneByOne);
+}
+
+// More than are searched for one by one, in the order of their numbers but for a few, or in none.
+TEST(ProfileTextTest, ManyKeysInAnyOrderComeOutAsOneByOne) {
+  std::mt19937 random(17);
+  const auto name = [](std::uint64_t number) { return "Button" + std::to_string(number) + "_fields"; };
+  for (int round = 0; round < 60; ++round) {
+    const bool inOrder = round % 2 == 0;
+    std::string text = "[s]\r\npageOffset=0\r\n";
+    ProfileEdits edits;
+    for (std::uint64_t i = 1; i <= 100; ++i) {
+      const std::uint64_t line = inOrder && random() % 20 != 0 ? i : random() % 100;
+      const std::uint64_t edit = inOrder && random() % 20 != 0 ? i : random() % 100;
+      if (random() % 10 != 0)
+        text += (random() % 10 == 0 ? "BUTTON" : "Button") + name(line).substr(6) + "=old\r\n";
+      edits.Add({"S", name(edit), std::to_string(i)});
+    }
+    text += "[t]\r\nButton1_fields=other\r\n";
+    std::string oneByOne = text;
+    for (const ProfileEdit& edit : edits.view()) oneByOne = EditedFile(oneByOne, std::span(&edit, 1));
+    ASSERT_EQ(EditedFile(text, edits.view()), oneByOne) << text;
+  }
 }
 
 // Whatever the file holds and in whatever order the keys are written; but a value that goes and comes back in
