@@ -20,6 +20,7 @@
 #include "controller/clsPageManager.h"
 #include "core/Cast.h"
 #include "core/Convert.h"
+#include "model/ButtonLine.h"
 #include "storage/IniBatch.h"
 #include "storage/clsIniFile.h"
 #include "util/modLog.h"
@@ -152,7 +153,7 @@ void SaveInOneCommit(PageFile& page) {
     page.file->UseSection(u"ButtonGroup" + LongToText(g));
     for (Object* item : page.page->ButtonGroups(g)->buttons->Snapshot()) {
       auto& button = Cast<clsButton>(item);
-      page.file->UseKeyPrefix(u"Button" + LongToText(button.buttonIndex));
+      page.file->UseNarrowKeyPrefix(vestrel::ButtonKey(button.buttonIndex).prefix());
       button.saveToINI(page.file.get());
     }
   }

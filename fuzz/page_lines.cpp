@@ -36,7 +36,17 @@ bool Same(const ButtonLine& a, const ButtonLine& b) {
 std::u16string Written(const ButtonLine& line) {
   TextBuffer text;
   AppendButtonLine(line, text);
+  const NarrowButtonLine narrow(line);
+  Expect(narrow.view().empty() || Wide(narrow.view()) == text.view(), "the narrow line is another");
   return std::u16string(text.view());
+}
+
+// What is read of the bytes alone is what is read of the text.
+void TryNarrowLine(std::string_view bytes, bool taken, const ButtonLine& line) {
+  TextBuffer text;
+  ButtonLine narrow;
+  if (!ParseButtonLine(bytes, text, narrow)) return;
+  Expect(taken && Same(narrow, line), "a narrow line reads differently");
 }
 
 void TryButtonLine(std::string_view bytes) {
@@ -49,6 +59,7 @@ void TryButtonLine(std::string_view bytes) {
   bool taken = false;
   const std::int32_t error = test::RaisedNumber([&] { taken = ParseButtonLine(text, line); });
   ExpectConversionError(error, "a button line raises something else");
+  TryNarrowLine(bytes, taken, line);
   if (!taken) {
     Expect(error != 0 || fields.size() != kFields, "a line of seven fields is refused");
     Expect(Same(line, before), "a line that was refused has changed");

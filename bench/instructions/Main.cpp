@@ -15,6 +15,7 @@
 #include "core/Cast.h"
 #include "core/Convert.h"
 #include "core/clsDictionary.h"
+#include "model/ButtonLine.h"
 #include "recording/clsRecordController.h"
 #include "storage/IniBatch.h"
 #include "storage/clsIniFile.h"
@@ -47,7 +48,7 @@ void SaveLines(const clsPage& page, clsIniFile& file) {
     file.UseSection(u"ButtonGroup" + LongToText(g));
     for (Object* item : page.ButtonGroups(g)->buttons->Snapshot()) {
       auto& button = Cast<clsButton>(item);
-      file.UseKeyPrefix(u"Button" + LongToText(button.buttonIndex));
+      file.UseNarrowKeyPrefix(ButtonKey(button.buttonIndex).prefix());
       button.saveToINI(&file);
     }
   }
