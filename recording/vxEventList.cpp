@@ -104,9 +104,9 @@ Object* vxEventList::ItemBeforeFirst() const {
 inline vxEvent* vxEventList::NextDue(std::int32_t pTime) const {
   Object* item = nullptr;
   if (playIndex_ >= 0) {
-    Object* const* const place = events_->begin() + playIndex_;
-    if (place >= events_->end()) return nullptr;
-    item = *place;
+    Object* const* const items = events_->begin();
+    if (playIndex_ >= events_->end() - items) return nullptr;
+    item = items[playIndex_];
   } else {
     if (playIndex_ >= events_->Size()) return nullptr;
     item = ItemBeforeFirst();

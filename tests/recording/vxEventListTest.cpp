@@ -351,6 +351,16 @@ TEST_F(vxEventListTest, ClearKeepsPositionAndTake) {
   EXPECT_THAT(journal, IsEmpty());
 }
 
+TEST_F(vxEventListTest, APositionBehindARecordingThatATakeEmptiedFiresNothing) {
+  for (const auto& [time, name] : {std::pair{100, u"a"}, {200, u"b"}}) Add(time, name);
+  list->SetRecordMode(RecordMode_Overwrite);
+  Take(0, 300, {});
+  EXPECT_EQ(Events(), "");
+  TakeJournal();
+  list->UpdateTime(400);
+  EXPECT_THAT(journal, IsEmpty());
+}
+
 TEST_F(vxEventListTest, ChangingATimeSortsAnewAndLeavesThePosition) {
   for (const auto& [time, name] : {std::pair{100, u"a"}, {200, u"b"}, {300, u"c"}}) Add(time, name);
   list->UpdateTime(100);
