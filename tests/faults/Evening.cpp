@@ -73,20 +73,18 @@ Evening::Evening(std::u16string app, FakeClock& clock) : app_(std::move(app)), c
 
 void Evening::Begin() {
   modLog::Init(app_ + u"\\log.txt");
-  record_->Init(transport_.get());
-  controller_->Init(form_.get(), app_, lamps_.get(), record_.get());
-  controller_->setButtonGroupPageSize(4);
+  host_.Join(app_);
   settings_->UseFile(app_ + u"\\settings.ini");
   settings_->UseSection(u"Screen");
 }
 
 void Evening::Load() {
-  controller_->LoadShow(u"Gala");
+  host_.controller->LoadShow(u"Gala");
 }
 
 void Evening::Step(int step) {
-  transcript_.Take();
-  const Ref<clsPageManager> manager = controller_->PageManager();
+  host_.transcript.Take();
+  const Ref<clsPageManager> manager = host_.controller->PageManager();
   switch (step % kKinds) {
     case 0:
       return ToggleAButton(step);
@@ -102,8 +100,8 @@ void Evening::Step(int step) {
       manager->CurrentPage()->ButtonGroups(5)->pageOffset = step / kKinds % 10;
       return manager->saveToINI();
     case 4:
-      if (step / kKinds % 2 == 0) return controller_->AddPage(u"Guest");
-      return controller_->DeletePage(u"Guest");
+      if (step / kKinds % 2 == 0) return host_.controller->AddPage(u"Guest");
+      return host_.controller->DeletePage(u"Guest");
     case 5:
       return SaveTheRecording(step);
     case 6:
@@ -114,24 +112,24 @@ void Evening::Step(int step) {
 }
 
 void Evening::ToggleAButton(int step) {
-  controller_->ToggleButtonAt(1 + step / kKinds % 8, 1 + step / kKinds % 3);
+  host_.controller->ToggleButtonAt(1 + step / kKinds % 8, 1 + step / kKinds % 3);
 }
 
 void Evening::MoveAFader(int step) {
-  const Ref<clsButton> bump = controller_->buttonWithIndex(9, 1);
+  const Ref<clsButton> bump = host_.controller->buttonWithIndex(9, 1);
   // A page that could not be read has none.
   if (!bump) return;
   bump->SetFaderValue(step % 101, true);
-  controller_->PageManager()->CurrentPage()->saveSingleButton(bump.get());
+  host_.controller->PageManager()->CurrentPage()->saveSingleButton(bump.get());
 }
 
 void Evening::SaveTheRecording(int step) {
-  record_->Record();
+  host_.record->Record();
   clock_.ticks += 1000;
-  record_->TimerTick();
-  controller_->ToggleButtonAt(4, 1 + step % 3);
-  record_->Stop_();
-  record_->SaveEventsTo(app_ + u"\\take.txt");
+  host_.record->TimerTick();
+  host_.controller->ToggleButtonAt(4, 1 + step % 3);
+  host_.record->Stop_();
+  host_.record->SaveEventsTo(app_ + u"\\take.txt");
 }
 
 void Evening::SaveTheMulti(int step) {

@@ -8,13 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "controller/clsButtonGroupController.h"
-#include "recording/clsRecordController.h"
 #include "storage/clsIniFile.h"
 #include "storage/clsMultiFile.h"
 #include "tests/support/FakeServices.h"
-#include "tests/support/RecordingForm.h"
 #include "tests/support/SeamFiles.h"
+#include "tests/support/SimulatedHost.h"
 
 namespace vestrel::test {
 
@@ -43,12 +41,7 @@ class Evening {
 
   std::u16string app_;
   FakeClock& clock_;
-  Transcript transcript_;
-  Ref<RecordingForm> form_ = MakeRef<RecordingForm>(transcript_);
-  Ref<RecordingLamps> lamps_ = MakeRef<RecordingLamps>(transcript_);
-  Ref<RecordingTransport> transport_ = MakeRef<RecordingTransport>(transcript_);
-  Ref<clsRecordController> record_ = MakeRef<clsRecordController>();
-  Ref<clsButtonGroupController> controller_ = MakeRef<clsButtonGroupController>();
+  SimulatedHost host_;
   Ref<clsIniFile> settings_ = MakeRef<clsIniFile>();
 };
 

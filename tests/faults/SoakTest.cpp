@@ -13,14 +13,12 @@
 #include <string_view>
 #include <vector>
 
-#include "controller/clsButtonGroupController.h"
 #include "core/Convert.h"
 #include "platform/Platform.h"
-#include "recording/clsRecordController.h"
 #include "tests/faults/Faults.h"
 #include "tests/support/Allocations.h"
 #include "tests/support/FakeServices.h"
-#include "tests/support/RecordingForm.h"
+#include "tests/support/SimulatedHost.h"
 #include "tests/support/TempFolder.h"
 #include "util/modLog.h"
 
@@ -39,13 +37,13 @@ std::ptrdiff_t OpenDescriptors() {
   return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
-class SoakTest : public testing::Test {
+class SoakTest : public testing::Test, protected SimulatedHost {
  protected:
   SoakTest() {
     hostServices.moduleFolder = folder.Path();
     modLog::Init(folder.Path("log.txt"));
     modLog::SetLogLevel(LogLevel_1_SEVERE);
-    SetUpMorning();
+    Join(folder.Path());
     controller->CreateNewShow(u"Month");
     for (const std::u16string_view page : {u"One", u"Two", u"Three"}) {
       controller->AddPage(page);
@@ -61,12 +59,6 @@ class SoakTest : public testing::Test {
         controller->assignButton(group, slot, name, ButtonType_Sequence);
       }
     }
-  }
-
-  void SetUpMorning() {
-    record->Init(transport.get());
-    controller->Init(form.get(), folder.Path(), lamps.get(), record.get());
-    controller->setButtonGroupPageSize(4);
   }
 
   int Any(int first, int last) { return std::uniform_int_distribution<int>(first, last)(random); }
@@ -132,7 +124,7 @@ class SoakTest : public testing::Test {
 
   // Twenty-four hours: a minute between operations, a take every hour, a save of the show at night.
   void OneDay() {
-    SetUpMorning();
+    Join(folder.Path());
     controller->LoadShow(u"Month");
     for (int hour = 0; hour < 24; ++hour) {
       const std::uint32_t begin = clock.ticks;
@@ -151,12 +143,6 @@ class SoakTest : public testing::Test {
   int takesOverTheWrap = 0;
   FakeHostServices hostServices;
   std::mt19937 random{2026};
-  Transcript transcript;
-  Ref<RecordingForm> form = MakeRef<RecordingForm>(transcript);
-  Ref<RecordingLamps> lamps = MakeRef<RecordingLamps>(transcript);
-  Ref<RecordingTransport> transport = MakeRef<RecordingTransport>(transcript);
-  Ref<clsRecordController> record = MakeRef<clsRecordController>();
-  Ref<clsButtonGroupController> controller = MakeRef<clsButtonGroupController>();
 
  private:
   platform::Override override_{{&clock, nullptr, nullptr, &hostServices}};
@@ -167,7 +153,7 @@ TEST_F(SoakTest, DaysOfOperatingTakeNoMoreOfMemoryAndFiles) {
   // The wrap comes in the middle of a take of the day in the middle.
   clock.ticks = 0U - (static_cast<std::uint32_t>(days) * 12 * kTurn + 5 * kSecond);
   OneDay();
-  SetUpMorning();
+  Join(folder.Path());
   transcript.Take();
   const std::ptrdiff_t descriptors = OpenDescriptors();
   const long objects = Object::LiveCount();
@@ -175,7 +161,7 @@ TEST_F(SoakTest, DaysOfOperatingTakeNoMoreOfMemoryAndFiles) {
   const long bytes = Allocations::LiveBytes();
   for (int day = 2; day <= days && !HasFailure(); ++day) {
     OneDay();
-    SetUpMorning();
+    Join(folder.Path());
     transcript.Take();
     EXPECT_EQ(OpenDescriptors(), descriptors) << "day " << day;
     EXPECT_EQ(Object::LiveCount(), objects) << "day " << day;
@@ -219,7 +205,7 @@ TEST_F(SoakTest, ShowsThatAreLoadedAndLetGoLeaveNothing) {
 
 // The growth by rule: each load adds what the one before added, and the next set-up lets all of it go.
 TEST_F(SoakTest, LoadsAddToTheDeferredListUntilTheNextSetUp) {
-  SetUpMorning();
+  Join(folder.Path());
   const long before = Object::LiveCount();
   controller->LoadShow(u"Month");
   const long once = Object::LiveCount();
@@ -228,7 +214,7 @@ TEST_F(SoakTest, LoadsAddToTheDeferredListUntilTheNextSetUp) {
   controller->LoadShow(u"Month");
   EXPECT_GT(twice, once);
   EXPECT_EQ(Object::LiveCount() - twice, twice - once);
-  SetUpMorning();
+  Join(folder.Path());
   EXPECT_EQ(Object::LiveCount(), before);
 }
 

@@ -8,14 +8,12 @@
 #include <random>
 #include <string>
 
-#include "controller/clsButtonGroupController.h"
 #include "core/Convert.h"
-#include "recording/clsRecordController.h"
 #include "storage/clsMultiFile.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
-#include "tests/support/RecordingForm.h"
 #include "tests/support/Scale.h"
+#include "tests/support/SimulatedHost.h"
 #include "util/modLog.h"
 
 namespace vestrel::test {
@@ -81,7 +79,7 @@ std::string Damaged(std::string bytes, Chance& chance) {
   return bytes;
 }
 
-class HostileFilesTest : public testing::Test {
+class HostileFilesTest : public testing::Test, protected SimulatedHost {
  protected:
   HostileFilesTest() {
     memory_.PutFolder(kApp);
@@ -91,10 +89,8 @@ class HostileFilesTest : public testing::Test {
   }
 
   void SetUpHost() {
-    record_->Init(transport_.get());
-    controller_->Init(form_.get(), kApp, lamps_.get(), record_.get());
-    controller_->setButtonGroupPageSize(4);
-    transcript_.Take();
+    Join(kApp);
+    transcript.Take();
   }
 
   static Ref<clsMultiFile> Multi() {
@@ -105,13 +101,13 @@ class HostileFilesTest : public testing::Test {
 
   // Every value of every kind by chance.
   void MakeAShow() {
-    controller_->CreateNewShow(u"Gala");
+    controller->CreateNewShow(u"Gala");
     for (const std::u16string_view page : {u"One", u"Two"}) {
-      controller_->AddPage(page);
-      controller_->SetPage(page);
+      controller->AddPage(page);
+      controller->SetPage(page);
       for (std::size_t count = chance_.Below(40); count > 0; --count) MakeAButton();
     }
-    controller_->PageManager()->saveToINI();
+    controller->PageManager()->saveToINI();
     SaveATake();
     SaveAMulti();
   }
@@ -123,24 +119,23 @@ class HostileFilesTest : public testing::Test {
     const std::int32_t group = chance_.Number(0, 9);
     const std::int32_t index = chance_.Number(1, group == 9 ? 8 : 60);
     const auto type = static_cast<ButtonTypeEnum>(chance_.Number(1, 4));
-    RaisedNumber(
-        [&] { controller_->assignButton(group, index, kNames[chance_.Below(kNames.size())], type); });
-    const Ref<clsButton> button = controller_->buttonWithIndex(group, index);
+    RaisedNumber([&] { controller->assignButton(group, index, kNames[chance_.Below(kNames.size())], type); });
+    const Ref<clsButton> button = controller->buttonWithIndex(group, index);
     if (!button) return;
     button->SetLocked(chance_.Perhaps());
     button->SetFaderValue(chance_.Number(0, 100), true);
-    if (chance_.Perhaps()) controller_->groupFaderChanged(chance_.Number(1, 8), chance_.Number(0, 100));
+    if (chance_.Perhaps()) controller->groupFaderChanged(chance_.Number(1, 8), chance_.Number(0, 100));
   }
 
   void SaveATake() {
-    record_->Record();
+    record->Record();
     for (std::size_t count = chance_.Below(20); count > 0; --count) {
       clock_.ticks += static_cast<std::uint32_t>(chance_.Below(1000));
-      record_->TimerTick();
-      controller_->controlClicked(chance_.Number(1, 64), 1, 0, 0, 0);
+      record->TimerTick();
+      controller->controlClicked(chance_.Number(1, 64), 1, 0, 0, 0);
     }
-    record_->Stop_();
-    record_->SaveEventsTo(kTake);
+    record->Stop_();
+    record->SaveEventsTo(kTake);
   }
 
   void SaveAMulti() {
@@ -156,25 +151,25 @@ class HostileFilesTest : public testing::Test {
 
   // Loads everything and works with what came of it; the library may refuse any of it.
   void LoadAndWork() {
-    RaisedNumber([&] { controller_->LoadShow(u"Gala"); });
-    RaisedNumber([&] { record_->LoadEventsFrom(kTake, controller_->GetButtonMap().get()); });
+    RaisedNumber([&] { controller->LoadShow(u"Gala"); });
+    RaisedNumber([&] { record->LoadEventsFrom(kTake, controller->GetButtonMap().get()); });
     RaisedNumber([&] { Multi()->Load(); });
     for (int i = 0; i < 4; ++i) {
-      RaisedNumber([&] { controller_->controlClicked(chance_.Number(1, 64), 1, 0, 0, 0); });
+      RaisedNumber([&] { controller->controlClicked(chance_.Number(1, 64), 1, 0, 0, 0); });
     }
-    RaisedNumber([&] { controller_->SetPage(u"Two"); });
-    RaisedNumber([&] { record_->Play(); });
-    RaisedNumber([&] { record_->Stop_(); });
-    RaisedNumber([&] { controller_->PageManager()->saveToINI(); });
+    RaisedNumber([&] { controller->SetPage(u"Two"); });
+    RaisedNumber([&] { record->Play(); });
+    RaisedNumber([&] { record->Stop_(); });
+    RaisedNumber([&] { controller->PageManager()->saveToINI(); });
   }
 
   // Everything that is saved, the log aside, as it is saved once it was loaded.
   std::string LoadedAndSaved() {
     SetUpHost();
-    controller_->LoadShow(u"Gala");
-    controller_->PageManager()->saveToINI();
-    record_->LoadEventsFrom(kTake, controller_->GetButtonMap().get());
-    record_->SaveEventsTo(kTake);
+    controller->LoadShow(u"Gala");
+    controller->PageManager()->saveToINI();
+    record->LoadEventsFrom(kTake, controller->GetButtonMap().get());
+    record->SaveEventsTo(kTake);
     const Ref<clsMultiFile> multi = Multi();
     multi->Load();
     multi->Save();
@@ -189,12 +184,6 @@ class HostileFilesTest : public testing::Test {
   FakeClock clock_;
   MemoryFiles memory_;
   FakeHostServices services_;
-  Transcript transcript_;
-  Ref<RecordingForm> form_ = MakeRef<RecordingForm>(transcript_);
-  Ref<RecordingLamps> lamps_ = MakeRef<RecordingLamps>(transcript_);
-  Ref<RecordingTransport> transport_ = MakeRef<RecordingTransport>(transcript_);
-  Ref<clsRecordController> record_ = MakeRef<clsRecordController>();
-  Ref<clsButtonGroupController> controller_ = MakeRef<clsButtonGroupController>();
 
  private:
   platform::Override override_{{&clock_, &memory_, nullptr, &services_}};
@@ -217,7 +206,7 @@ TEST_F(HostileFilesTest, DamagedFilesAreRefusedOrWorkedWith) {
     LoadAndWork();
     EXPECT_EQ(memory_.OpenFiles(), 0) << "round " << round;
     memory_.Put(file, whole);
-    transcript_.Take();
+    transcript.Take();
   }
 }
 
@@ -228,7 +217,7 @@ TEST_F(HostileFilesTest, ShowsMadeByChanceSaveTheSameBytesOnceLoaded) {
     MakeAShow();
     const std::string first = LoadedAndSaved();
     EXPECT_EQ(LoadedAndSaved(), first) << "round " << round;
-    transcript_.Take();
+    transcript.Take();
   }
 }
 

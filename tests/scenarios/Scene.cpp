@@ -31,9 +31,7 @@ Scene::Scene(MemoryFiles& memory, FakeHostServices& services, FakeClock& fakeClo
   files.Put(kFirstPage, kFirstBytes);
   files.Put(kSecondPage, kSecondBytes);
   files.Put(u"C:\\app\\take.txt", "");
-  record->Init(transport.get());
-  controller->Init(form.get(), u"C:\\app", lamps.get(), record.get());
-  controller->setButtonGroupPageSize(4);
+  Join(u"C:\\app");
   controller->LoadShow(u"Gala");
   page = controller->PageManager()->CurrentPage();
   intro = controller->buttonWithIndex(2, 1);

@@ -7,14 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "controller/clsButtonGroupController.h"
-#include "recording/clsRecordController.h"
 #include "tests/support/FakePlatform.h"
-#include "tests/support/RecordingForm.h"
+#include "tests/support/SimulatedHost.h"
 
 namespace vestrel::test {
 
-class Scene {
+class Scene : public SimulatedHost {
  public:
   // Files and host services of the test; they outlive the scene.
   Scene(MemoryFiles& files, FakeHostServices& services, FakeClock& clock);
@@ -27,13 +25,6 @@ class Scene {
 
   MemoryFiles& files;
   FakeClock& clock;
-  Transcript transcript;
-  Ref<RecordingForm> form = MakeRef<RecordingForm>(transcript);
-  Ref<RecordingLamps> lamps = MakeRef<RecordingLamps>(transcript);
-  Ref<RecordingTransport> transport = MakeRef<RecordingTransport>(transcript);
-  Ref<RecordingAssignment> assignment = MakeRef<RecordingAssignment>(transcript);
-  Ref<clsRecordController> record = MakeRef<clsRecordController>();
-  Ref<clsButtonGroupController> controller = MakeRef<clsButtonGroupController>();
   // Of the page that was current at first.
   Ref<clsPage> page;
   Ref<clsButton> intro;     // group 2, index 1, the edit button
