@@ -93,7 +93,7 @@ void LoadTake(const std::string& /*app*/, const std::string& file) {
 }
 
 void AddHostile() {
-  AddShapes("a page file", "pageSetting.ini", LoadPage,
+  AddShapes("a damaged page file", "pageSetting.ini", LoadPage,
             {{"one line", "[ButtonGroup1]\r\nusedIndices=", "1|"},
              {"line ends alone", "", "\n"},
              {"sections alone", "", "[ButtonGroup1]\r\n"},
@@ -101,12 +101,12 @@ void AddHostile() {
              {"no values", "[ButtonGroup1]\r\nusedIndices=1\r\n", "Button1_fields\r\n"},
              {"comments", "[ButtonGroup1]\r\n", "; = [ButtonGroup1]\r\n"},
              {"bytes of no text", "", std::string("\x00\xFF\x80", 3)}});
-  AddShapes("a multi file", "Calm.MUL", LoadMulti,
+  AddShapes("a damaged multi file", "Calm.MUL", LoadMulti,
             {{"commas alone", "1,1\r\n", ","},
              {"a quote that stays open", "1,1\r\n1000000\r\n\"", "a,"},
              {"short records", "1,1\r\n1000000\r\n", "\"\"\r\n"},
              {"line ends alone", "1,1\r\n1000000\r\n", "\r\n"}});
-  AddShapes("an event file", "take.txt", LoadTake,
+  AddShapes("a damaged event file", "take.txt", LoadTake,
             {{"commas alone", "1000000\r\n", ","},
              {"a quote that stays open", "1000000\r\n0,\"", "a"},
              {"long numbers", "1000000\r\n", "000000000000000"},
