@@ -10,19 +10,17 @@
 using vestrel::test::Allocations;
 
 extern "C" {
-void* __real_malloc(std::size_t size);  // NOLINT(bugprone-reserved-identifier): the linker's name
-void* __real_realloc(void* block,
-                     std::size_t size);  // NOLINT(bugprone-reserved-identifier): the linker's name
-void __real_free(void* block);           // NOLINT(bugprone-reserved-identifier): the linker's name
+void* __real_malloc(std::size_t size);
+void* __real_realloc(void* block, std::size_t size);
+void __real_free(void* block);
 
-void* __wrap_malloc(std::size_t size) {  // NOLINT(bugprone-reserved-identifier): the linker's name
+void* __wrap_malloc(std::size_t size) {
   if (Allocations::Fails()) return nullptr;
   void* const block = __real_malloc(size);
   if (block != nullptr) Allocations::Came(malloc_usable_size(block));
   return block;
 }
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the linker's name
 void* __wrap_realloc(void* block, std::size_t size) {
   if (Allocations::Fails()) return nullptr;
   const std::size_t old = block == nullptr ? 0 : malloc_usable_size(block);
@@ -33,7 +31,7 @@ void* __wrap_realloc(void* block, std::size_t size) {
   return moved;
 }
 
-void __wrap_free(void* block) {  // NOLINT(bugprone-reserved-identifier): the linker's name
+void __wrap_free(void* block) {
   if (block != nullptr) Allocations::Went(malloc_usable_size(block));
   __real_free(block);
 }
