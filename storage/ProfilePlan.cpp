@@ -48,15 +48,17 @@ void ProfilePlan::Add(const ProfileEdit& edit) {
   if (number == kNone) number = AddGroup(section);
   const auto entry = static_cast<Number>(entries_.size());
   const Number earlier = groups_[number].names.IsNew(key) ? kNone : FindEntry(number, key);
-  if (earlier != kNone) {
-    entries_[earlier].value = edit.value;
-    return;
-  }
+  if (earlier != kNone) return Replace(entries_[earlier], edit.value);
   entries_.push_back({key, edit.value, number});
   Group& group = groups_[number];
   (group.count == 0 ? group.first : entries_[group.last].next) = entry;
   group.last = entry;
   ++group.count;
+}
+
+void ProfilePlan::Replace(Entry& entry, std::optional<std::string_view> value) {
+  entry.replaced = entry.replaced || entry.value != value;
+  entry.value = value;
 }
 
 ProfilePlan::Number ProfilePlan::AddGroup(std::string_view section) {
@@ -160,7 +162,9 @@ Line ProfilePlan::LastOf(const Line& header) const {
 }
 
 void ProfilePlan::EditLine(const Line& line, const Entry& entry) {
-  if (entry.value && line.value == *entry.value) return;
+  // Of two values that differ one is not the line's: written one by one they leave it in the written form.
+  const bool isKept = !entry.replaced || IsWrittenForm(text_, line);
+  if (entry.value && line.value == *entry.value && isKept) return;
   if (line.end == line.next) endIsOpen_ = false;
   if (entry.value && IsWrittenForm(text_, line)) {
     splices_.push_back({line.end - line.value.size(), line.value.size(), *entry.value});

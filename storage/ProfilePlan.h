@@ -38,6 +38,7 @@ class ProfilePlan {
     Number group;
     Number next = kNone;  // of the group
     bool done = false;
+    bool replaced = false;  // by a later edit with another value
   };
   // The edits of one section, in the order of writing.
   struct Group {
@@ -50,6 +51,7 @@ class ProfilePlan {
   };
 
   void Add(const ProfileEdit& edit);
+  static void Replace(Entry& entry, std::optional<std::string_view> value);
   Number AddGroup(std::string_view section);
   Number FindGroup(std::string_view section);
   Number FindEntry(Number group, std::string_view key);

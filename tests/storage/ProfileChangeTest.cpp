@@ -24,6 +24,12 @@ TEST(ProfileChangeTest, WhatIsEqualIsNotWritten) {
   EXPECT_EQ(PlanChange("[s]\r\nk=1\r\n", std::vector{Set("k", "2"), Set("k", "1")}).kind, Kind::None);
 }
 
+TEST(ProfileChangeTest, AValueThatComesAndGoesLeavesTheFormThatTwoWritesLeave) {
+  const std::string file = "[s]\r\nk = 1\r\n";
+  EXPECT_EQ(Done(file, PlanChange(file, std::vector{Set("k", "2"), Set("k", " 1")})), "[s]\r\nk= 1\r\n");
+  EXPECT_EQ(PlanChange(file, std::vector{Set("k", " 1"), Set("k", " 1")}).kind, Kind::None);
+}
+
 TEST(ProfileChangeTest, AValueOfTheSameLengthIsOverwrittenWhereItDiffers) {
   const ProfileChange change = PlanChange("[s]\r\nk=abcde\r\n", std::vector{Set("k", "abXYe")});
   EXPECT_EQ(change.kind, Kind::InPlace);
