@@ -43,9 +43,9 @@ std::u16string Written(const ButtonLine& line) {
 
 // What is read of the bytes alone is what is read of the text.
 void TryNarrowLine(std::string_view bytes, bool taken, const ButtonLine& line) {
-  TextBuffer text;
+  std::u16string name;
   ButtonLine narrow;
-  if (!ParseButtonLine(bytes, text, narrow)) return;
+  if (!ParseButtonLine(bytes, name, narrow)) return;
   Expect(taken && Same(narrow, line), "a narrow line reads differently");
 }
 

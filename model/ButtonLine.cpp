@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <string>
+#include <utility>
 
 #include "core/Convert.h"
 #include "platform/Ascii.h"
@@ -12,9 +14,6 @@ namespace vestrel {
 namespace {
 
 constexpr std::size_t kFields = 7;
-
-// Fields between the name and the last.
-constexpr std::size_t kNumbers = 5;
 
 // Of one of them in decimal, its sign included.
 constexpr std::size_t kLongestNumber = 11;
@@ -61,26 +60,26 @@ inline bool IsWord(const Unit* at, const Unit* end, const char (&word)[Size]) no
   return end - at == Size - 1 && std::equal(at, end, word);
 }
 
-// Reads the form that is written, which nearly every line has; the name is left to the caller. False, and
+template <class Unit, class... Numbers>
+inline bool TakeNumbers(const Unit*& at, const Unit* end, Numbers&... numbers) noexcept {
+  return (((at = TakeNumber(at, end, numbers)) != nullptr) && ...);
+}
+
+// Reads the fields behind the name in the form that is written, which nearly every line has. False, and
 // `line` as it was, for any other, whether it is a line or none.
 template <class Unit>
-bool ParseWrittenForm(std::basic_string_view<Unit> text, std::basic_string_view<Unit>& name,
-                      ButtonLine& line) noexcept {
-  const std::size_t divider = text.find(Unit{'|'});
-  if (divider == text.npos) return false;
-  const Unit* const end = text.data() + text.size();
-  const Unit* at = text.data() + divider + 1;
-  std::array<std::int32_t, kNumbers> numbers;
-  for (std::int32_t& number : numbers) {
-    at = TakeNumber(at, end, number);
-    if (at == nullptr) return false;
-  }
-  const auto [type, state, bump, mode, value] = numbers;
+bool ParseWrittenFields(const Unit* at, const Unit* end, ButtonLine& line) noexcept {
+  // Variables of their own: what is stored one by one and read together has to wait for the stores.
+  std::int32_t type = 0;
+  std::int32_t state = 0;
+  std::int32_t bump = 0;
+  std::int32_t mode = 0;
+  std::int32_t value = 0;
+  if (!TakeNumbers(at, end, type, state, bump, mode, value)) return false;
   const bool locked = IsWord(at, end, "True");
   if ((!locked && !IsWord(at, end, "False")) ||
       std::max({type, bump, mode}) > std::numeric_limits<std::int16_t>::max())
     return false;
-  name = text.substr(0, divider);
   line.buttonType = static_cast<ButtonTypeEnum>(type);
   line.playState = static_cast<PlayStateEnum>(state);
   line.bumpMode = static_cast<BumpModeEnum>(bump);
@@ -149,21 +148,27 @@ void AppendButtonLine(const ButtonLine& line, TextBuffer& text) {
   text.AppendAscii({fields, PutOtherFields(fields, line)});
 }
 
-bool ParseButtonLine(std::string_view bytes, TextBuffer& text, ButtonLine& line) {
-  ButtonLine result;
-  std::string_view name;
-  if (!ParseWrittenForm(bytes, name, result)) return false;
-  char16_t* const wide = text.Room(name.size());
-  if (!platform::CopyAscii(name, wide)) return false;
-  text.Advance(name.size());
-  line = result;
-  line.name = {wide, name.size()};
+bool ParseButtonLine(std::string_view bytes, std::u16string& name, ButtonLine& line) {
+  const std::size_t divider = bytes.find('|');
+  if (divider == std::string_view::npos) return false;
+  std::u16string wide(divider, u'\0');
+  if (!platform::CopyAscii(bytes.substr(0, divider), wide.data()) ||
+      !ParseWrittenFields(bytes.data() + divider + 1, bytes.data() + bytes.size(), line))
+    return false;
+  name = std::move(wide);
+  line.name = name;
   return true;
 }
 
 bool ParseButtonLine(std::u16string_view text, ButtonLine& line) {
+  const std::size_t divider = text.find(u'|');
+  if (divider != std::u16string_view::npos &&
+      ParseWrittenFields(text.data() + divider + 1, text.data() + text.size(), line)) {
+    line.name = text.substr(0, divider);
+    return true;
+  }
   ButtonLine result;
-  if (!ParseWrittenForm(text, result.name, result) && !ParseAnyForm(text, result)) return false;
+  if (!ParseAnyForm(text, result)) return false;
   line = result;
   return true;
 }

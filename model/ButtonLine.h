@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "controller/interfaces/Enumerations.h"
@@ -64,7 +65,7 @@ class NarrowButtonLine {
 bool ParseButtonLine(std::u16string_view text, ButtonLine& line);
 
 // The same of a line in the narrow page that is as it is written and all ASCII, as nearly every line is;
-// false, and `line` as it was, for any other. The name is appended to `text`, of which it is a part.
-bool ParseButtonLine(std::string_view bytes, TextBuffer& text, ButtonLine& line);
+// false, and all as it was, for any other. The name is put into `name`, of which it is a part.
+bool ParseButtonLine(std::string_view bytes, std::u16string& name, ButtonLine& line);
 
 }  // namespace vestrel

@@ -21,13 +21,6 @@ constexpr std::int32_t kBumpGroup = 9;
 constexpr std::int32_t kFullFader = 100;
 constexpr std::u16string_view kNoName = u"none";
 
-// As ParseButtonLine, of the bytes that a file has.
-bool ParseBytes(std::string_view bytes, TextBuffer& text, ButtonLine& line) {
-  if (bytes.size() <= modIniFile::kLongestRead && ParseButtonLine(bytes, text, line)) return true;
-  modIniFile::AppendWidened(bytes, text);
-  return ParseButtonLine(text.view(), line);
-}
-
 std::int32_t CompareNumbers(std::int32_t a, std::int32_t b) noexcept {
   if (a == b) return 0;
   return a < b ? -1 : 1;
@@ -197,12 +190,15 @@ void clsButton::loadFromINI(clsIniFile* iniFile, std::int32_t pGroupIndex, std::
 void clsButton::TakeBytes(std::string_view bytes, std::int32_t pGroupIndex, std::int32_t pButtonIndex) {
   groupIndex = pGroupIndex;
   buttonIndex = pButtonIndex;
-  TextBuffer text;
   ButtonLine line;
-  if (!ParseBytes(bytes, text, line)) {
+  if (bytes.size() <= modIniFile::kLongestRead && ParseButtonLine(bytes, name, line)) return TakeLine(line);
+  TextBuffer text;
+  modIniFile::AppendWidened(bytes, text);
+  if (!ParseButtonLine(text.view(), line)) {
     modLog::Log(u"skipping button load -- incorrect number of fields in INI", LogLevel_2_WARNING);
     return;
   }
+  name = std::u16string(line.name);
   TakeLine(line);
 }
 
@@ -257,9 +253,9 @@ void clsButton::NotifyFaderValue(bool updateUI) {
   if (const auto handler = eventHandler_.Lock()) handler->FaderValueChanged(this, updateUI);
 }
 
+// All but the name.
 void clsButton::TakeLine(const ButtonLine& line) {
   const Ref<clsButton> self(this);
-  name = std::u16string(line.name);
   buttonType = line.buttonType;
   bumpMode_ = line.bumpMode;
   faderMode_ = line.faderMode;

@@ -107,9 +107,9 @@ TEST(ButtonLineTest, ANarrowLineIsReadAsAWideOneOrNotAtAll) {
                                     "\xC3\xA4|1|0|0|0|0|False"};
   int taken = 0;
   for (const std::string_view bytes : lines) {
-    TextBuffer text;
+    std::u16string name;
     ButtonLine narrow;
-    if (!ParseButtonLine(bytes, text, narrow)) continue;
+    if (!ParseButtonLine(bytes, name, narrow)) continue;
     ++taken;
     const std::u16string wideText = FromUtf8(bytes);
     ButtonLine wide;
