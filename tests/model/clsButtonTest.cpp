@@ -452,6 +452,18 @@ TEST_F(clsButtonTest, LoadsItsLineOffAndDefersWhatWasSaved) {
       << "and no notification of lock or mode";
 }
 
+TEST_F(clsButtonTest, AFaderThatLoadingSetsToZeroIsNotPickedUp) {
+  files.Put(kIni, "[S]\r\nfields=Chase|2|1|1|2|60|True\r\n");
+  for (const std::int32_t outer : {20, 80, 100}) {
+    button->Fader()->SetValue(80, true);
+    button->Fader()->SetOuterValue(outer);
+    button->Fader()->PauseTracking();
+    button->loadFromINI(Ini().get(), 7, 8);
+    EXPECT_EQ(button->faderValue(), 0) << outer;
+    EXPECT_FALSE(button->Fader()->Engaged()) << outer;
+  }
+}
+
 TEST_F(clsButtonTest, ALineOfOtherThanSevenFieldsIsSkippedWithAWarning) {
   for (const std::string value :
        {"Chase|2|1|1|2|60", "Chase|2|1|1|2|60|True|", "Ch|ase|2|1|1|2|60|True", ""}) {

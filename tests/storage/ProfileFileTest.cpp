@@ -112,6 +112,15 @@ TEST_F(ProfileFileTest, WhatACrashLeftBesideTheFileIsGoneAfterTheNextSave) {
   EXPECT_TRUE(files.Has(kScratch));
 }
 
+TEST_F(ProfileFileTest, AScratchFileIsEmptyWhenItIsOpened) {
+  for (const char* left : {"", "x", "half of a file"}) {
+    files.Put(kScratch, left);
+    ScratchFile scratch(ScratchFile::kSettings);
+    ASSERT_EQ(scratch.Open(kFile, platform::LockMode::TryExclusive), FileStatus::Ok);
+    EXPECT_EQ(files.Get(kScratch), "");
+  }
+}
+
 TEST_F(ProfileFileTest, TheScratchFileOfAWriterAtWorkStays) {
   files.Put(kFile, "[s]\r\nk=1\r\n");
   ScratchFile other(ScratchFile::kSettings);
