@@ -123,7 +123,7 @@ class PowerCutTest : public testing::Test {
     }
   }
 
-  const int steps_ = RunsLong() ? 14 * Evening::kSteps : Evening::kSteps;
+  const int steps_ = RunsLong() ? 4 * Evening::kSteps : Evening::kSteps;
   const EveningRecord record_{steps_};
   std::int64_t states_ = 0;
 

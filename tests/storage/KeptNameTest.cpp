@@ -43,6 +43,16 @@ TEST(KeptNameTest, KeepsOtherLettersAsTheyAre) {
   EXPECT_EQ(name.text(), u"plain");
 }
 
+TEST(KeptNameTest, IsNarrowUpToItsLength) {
+  for (const std::size_t length : {KeptName::kShort - 1, KeptName::kShort, KeptName::kShort + 1}) {
+    KeptName name(std::u16string(length, u'n'));
+    EXPECT_EQ(name.isNarrow(), length <= KeptName::kShort) << length;
+    name.SetAscii(std::string(length, 'm'));
+    EXPECT_EQ(name.isNarrow(), length <= KeptName::kShort) << length;
+    EXPECT_EQ(name.text(), std::u16string(length, u'm'));
+  }
+}
+
 TEST(KeptNameTest, MayBeOfAnyLength) {
   for (const std::size_t size : {0U, 1U, 8U, 63U, 64U, 65U, 200U}) {
     const std::u16string wide(size, u'a');
