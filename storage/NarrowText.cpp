@@ -49,22 +49,8 @@ NarrowCopy::NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string
   }
 }
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
-NarrowCopy::NarrowCopy(NarrowText& narrow, const KeptName& front, std::string_view back) {
-  if (front.isNarrow() && back.empty()) {
-    view_ = front.narrow();
-  } else if (PutFront(front, back.size())) {
-    back.copy(short_ + front.narrow().size(), back.size());
-    view_ = {short_, front.narrow().size() + back.size()};
-  } else {
-    view_ = long_ = narrow(front.text() + platform::WidenAscii(back));
-  }
-}
-
-bool NarrowCopy::PutFront(const KeptName& front, std::size_t size) noexcept {
-  if (!front.isNarrow() || size > kShort - KeptName::kShort) return false;
-  front.CopyTo(short_);
-  return true;
+void NarrowCopy::TakeLong(NarrowText& narrow, const KeptName& front, std::string_view back) {
+  view_ = long_ = narrow(front.text() + platform::WidenAscii(back));
 }
 
 }  // namespace vestrel

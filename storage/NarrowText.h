@@ -33,7 +33,17 @@ class NarrowCopy {
   NarrowCopy(NarrowText& narrow, std::u16string_view text);
   NarrowCopy(NarrowText& narrow, const KeptName& front, std::u16string_view back);
   // Here `back` is all ASCII.
-  NarrowCopy(NarrowText& narrow, const KeptName& front, std::string_view back = {});
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
+  NarrowCopy(NarrowText& narrow, const KeptName& front, std::string_view back = {}) {
+    if (front.isNarrow() && back.empty()) {
+      view_ = front.narrow();
+    } else if (PutFront(front, back.size())) {
+      back.copy(short_ + front.narrow().size(), back.size());
+      view_ = {short_, front.narrow().size() + back.size()};
+    } else {
+      TakeLong(narrow, front, back);
+    }
+  }
   NarrowCopy(const NarrowCopy&) = delete;
   NarrowCopy& operator=(const NarrowCopy&) = delete;
   ~NarrowCopy() = default;
@@ -44,7 +54,12 @@ class NarrowCopy {
   static constexpr std::size_t kShort = 256;
 
   // Puts `front` before `size` bytes that are to come; false when it is not narrow or these are too many.
-  bool PutFront(const KeptName& front, std::size_t size) noexcept;
+  bool PutFront(const KeptName& front, std::size_t size) noexcept {
+    if (!front.isNarrow() || size > kShort - KeptName::kShort) return false;
+    front.CopyTo(short_);
+    return true;
+  }
+  void TakeLong(NarrowText& narrow, const KeptName& front, std::string_view back);
 
   std::string_view view_;
   std::string long_;

@@ -31,15 +31,6 @@ void Write(std::u16string_view fileName, const ProfileEdit& edit) {
   }
 }
 
-// Of names that need no conversion.
-void WriteShort(std::u16string_view fileName, const NarrowValueName& name, std::string_view value) {
-  char key[2 * KeptName::kShort];  // not cleared
-  const std::size_t front = name.prefix.narrow().size();
-  name.prefix.CopyTo(key);
-  name.key.copy(key + front, name.key.size());
-  Write(fileName, {name.section.narrow(), {key, front + name.key.size()}, value});
-}
-
 void BlankLineBreaks(std::u16string& value) {
   for (char16_t& unit : value) {
     if (unit == u'\r' || unit == u'\n') unit = u' ';
@@ -129,8 +120,6 @@ void AppendWidened(std::string_view value, TextBuffer& text) {
 }
 
 void WriteIniBytes(std::u16string_view fileName, const NarrowValueName& name, std::string_view value) {
-  if (name.section.isNarrow() && name.prefix.isNarrow() && name.key.size() <= KeptName::kShort)
-    return WriteShort(fileName, name, value);
   NarrowText narrow;
   const NarrowCopy section(narrow, name.section);
   const NarrowCopy key(narrow, name.prefix, name.key);
