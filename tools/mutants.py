@@ -113,9 +113,11 @@ class Bench:
             if noticed:
                 return noticed
             changed = self.optimised(path)
-            noticed = self.noticed_by_counts()
             self.write(path, original)
-            return "same code" if self.optimised(path) == changed else noticed or LET_THROUGH
+            if self.optimised(path) == changed:
+                return "same code"
+            self.write(path, mutations.applied(change, original))
+            return self.noticed_by_counts() or LET_THROUGH
         finally:
             self.write(path, original)
 
