@@ -199,7 +199,8 @@ std::u16string clsObjectList::JoinStrings(std::u16string_view delimiter, const V
 
 void clsObjectList::Reverse() {
   if (Size() < 2) return;
-  std::reverse(WritableSlots(items_.capacity(), Size()), next_);
+  Object** const slots = WritableSlots(items_.capacity(), Size());
+  std::reverse(slots, next_);
   ++otherChanges_;
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "core/clsIterator.h"
@@ -122,6 +124,32 @@ TEST(clsIteratorTest, YieldsTheOldItemsWhateverHappensToTheList) {
     EXPECT_EQ(all, u"cab");
   }
   EXPECT_EQ(Shown(*list), "x");
+}
+
+// Each change by itself: the list moves to slots of its own with the first one.
+TEST(clsIteratorTest, YieldsTheOldItemsWhateverTheFirstChangeIs) {
+  struct Change {
+    std::function<void(clsObjectList&)> make;
+    const char* after;
+  };
+  const Change changes[] = {
+      {[](clsObjectList& list) { list.Reverse(); }, "b a c"},
+      {[](clsObjectList& list) { list.SortInPlace(); }, "a b c"},
+      {[](clsObjectList& list) { list.Remove(0); }, "a b"},
+      {[](clsObjectList& list) { list.AddItem(BoxString(u"x").get()); }, "c a b x"},
+      {[](clsObjectList& list) { list.AddItemBefore(BoxString(u"x").get(), 0); }, "x c a b"},
+      {[](clsObjectList& list) { list.ExtendWith(&list); }, "c a b c a b"},
+      {[](clsObjectList& list) { list.Clear(); }, ""},
+  };
+  for (const Change& change : changes) {
+    const Ref<clsObjectList> list = Texts({u"c", u"a", u"b"});
+    const Ref<clsIterator> iterator = list->BeginIter();
+    change.make(*list);
+    EXPECT_EQ(Shown(*list), change.after);
+    std::u16string all;
+    for (std::u16string text; iterator->hasNextString(text);) all += text;
+    EXPECT_EQ(all, u"cab");
+  }
 }
 
 TEST(clsIteratorTest, OutlivesItsList) {
