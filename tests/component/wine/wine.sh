@@ -75,8 +75,11 @@ run_wine() {
 
 wine_program() { if [ "$wine_bits" = 32 ]; then echo /usr/lib/wine/wine; else echo /usr/lib/wine/wine64; fi; }
 
+# What Wine tells in a program's output, as its WINEDEBUG.
+wine_tells=-all
+
 wine_environment() {
-  env -u DISPLAY WINEDEBUG=-all WINEPREFIX="$wine_folder/prefix" WINEARCH="win$wine_bits" \
+  env -u DISPLAY WINEDEBUG="$wine_tells" WINEPREFIX="$wine_folder/prefix" WINEARCH="win$wine_bits" \
     WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe,winedbg.exe=" "$@"
 }
 
