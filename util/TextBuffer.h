@@ -26,7 +26,8 @@ class TextBuffer {
     std::char_traits<char16_t>::copy(Extend(text.size()), text.data(), text.size());
   }
   void AppendDecimal(std::int32_t value) {
-    Advance(static_cast<std::size_t>(PutDecimal(Room(kLongestDecimal), value) - (data_ + size_)));
+    char16_t* const to = Room(kLongestDecimal);
+    Advance(static_cast<std::size_t>(PutDecimal(to, value) - to));
   }
   // A sign and ten digits.
   static constexpr std::size_t kLongestDecimal = 11;

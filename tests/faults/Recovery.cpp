@@ -132,7 +132,8 @@ std::string KilledEvening::FaultsOf(Recovery& recovery) const {
   if (recovery.seam.OpenFiles() != 0) return "a file stays open";
   if (std::string strange = StrangeFile(recovery); !strange.empty()) return strange;
   // Two processes, since every other one has no guest page.
-  const int errors = recovery.Run(firstStep) + recovery.Run(firstStep + Recovery::kSteps);
+  int errors = recovery.Run(firstStep);
+  errors += recovery.Run(firstStep + Recovery::kSteps);
   if (errors != 0) return "the processes after it cannot work";
   for (const auto& [path, bytes] : recovery.Files()) {
     if (IsScratch(path)) return ToUtf8(path) + " stays";

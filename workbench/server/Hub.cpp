@@ -208,8 +208,9 @@ void Hub::HandlePress(PageClient& page, const json& frame, bool pressed) {
 void Hub::HandleFader(PageClient& page, const json& frame) {
   const std::string which = TextOf(frame, "which");
   if (which != "group" && which != "bump") throw BadFrame("\"which\" is neither group nor bump");
-  const std::string command = "host." + which + " " + std::to_string(NumberOf(frame, "number", 1, 8)) + " " +
-                              std::to_string(NumberOf(frame, "value", 0, 100));
+  const std::string number = std::to_string(NumberOf(frame, "number", 1, 8));
+  const std::string value = std::to_string(NumberOf(frame, "value", 0, 100));
+  const std::string command = "host." + which + " " + number + " " + value;
   WhenIdleFor([this, &page, command, id = IdOf(frame)] { RunFor(&page, {command}, id); });
 }
 

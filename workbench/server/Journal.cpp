@@ -64,7 +64,8 @@ void JournalWriter::Begin(const fs::path& dataFolder, const ClockStart& start) {
   written_ = 0;
   if (fs::exists(file_)) fs::rename(file_, file_.string() + ".1");
   descriptor_ = ::open(file_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0600);
-  if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), file_.string());
+  const int error = errno;
+  if (descriptor_ < 0) throw std::system_error(error, std::generic_category(), file_.string());
   Write({{"journal", kFormat},
          {"version", ToUtf8(Version())},
          {"ticks", start.ticks},
