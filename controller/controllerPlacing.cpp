@@ -97,6 +97,8 @@ void clsButtonGroupController::AssignButtonInternal(const Ref<clsPage>& page, co
   ValidateForPlacing(groupIndex, buttonIndex);
   // A callback may have placed the button meanwhile; it stands in one place only.
   if (const Ref<clsPage> holder = PageHolding(*button)) TakeOutOfGroup(holder, button);
+  // The list that it was the highlight of may have been replaced since.
+  button->isHighlighted = false;
   const std::int32_t formerGroup = button->groupIndex;
   button->groupIndex = groupIndex;
   button->buttonIndex = buttonIndex;
@@ -112,6 +114,8 @@ void clsButtonGroupController::InsertIntoGroup(const Ref<clsPage>& page, const R
   const Ref<clsObjectList> buttons = ButtonsOf(*group);
   const std::int32_t taken = PositionOfIndex(*buttons, button->buttonIndex);
   if (taken >= 0) ShiftButtons(ShiftMode_Insert, button->groupIndex, taken, *page);
+  // Holds what the new button displaces: its end may call back, and comes when the group is in order again.
+  const ItemSnapshot before = buttons->Snapshot();
   try {
     buttons->AddItem(button.get());
     buttons->SortInPlace(nullptr, false, u"buttonIndex");

@@ -291,6 +291,20 @@ TEST_F(controllerPlacingTest, AMoveOntoItselfOnlyEndsTheMode) {
   EXPECT_EQ(Playing(2), "1@2/1");
 }
 
+TEST_F(controllerPlacingTest, AMovedButtonWhoseListWasReplacedBringsNoHighlightAlong) {
+  Fill({1, 2});
+  Fill({1}, 3);
+  const Ref<clsButton> moved = controller->buttonWithIndex(2, 1);
+  Pick(*moved);
+  controller->setModeMove();
+  controller->setButtonGroupButtonList(2, controller->getButtons(2).get());
+  EXPECT_TRUE(moved->isHighlighted);
+  Click(42);
+  EXPECT_EQ(Buttons(3), "1@3/1 1@3/2");
+  EXPECT_FALSE(moved->isHighlighted);
+  EXPECT_EQ(Group(3)->highlightedButton, controller->buttonWithIndex(3, 1));
+}
+
 TEST_F(controllerPlacingTest, AMoveToAnotherPageMovesTheFilesAndTheButtonBelongsThere) {
   Fill({1, 2});
   const Ref<clsButton> moved = controller->buttonWithIndex(2, 1);
