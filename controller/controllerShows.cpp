@@ -52,8 +52,9 @@ void clsButtonGroupController::Init(IFormSequenceShortcuts* form, std::u16string
   const Ref<IFormSequenceShortcuts> givenForm(form);
   const Ref<IRecordController> givenRecorder(recordController);
   modLog::LogFormat(LogLevel_3_INFO, u"BGC appPath is: %s", appPath);
-  mLEDManager = MakeRef<LEDManager>();
-  mLEDManager->Init(ledSetter);
+  const Ref<LEDManager> lamps = MakeRef<LEDManager>();
+  lamps->Init(ledSetter);
+  mLEDManager = lamps;
   buttonsPerGroup_ = -1;
   form_ = givenForm;
   appPath_ = appPath;

@@ -79,8 +79,11 @@ Ref<Object> clsObjectList::GetItem(std::int32_t index) const {
 }
 
 void clsObjectList::SetEventHandler(IObjListEventHandler* handler, Object* userData) {
-  eventHandler_ = BackRef<IObjListEventHandler>(handler);
-  userData_ = BackRef<Object>(userData);
+  // What was there goes last: its end may use the list, or let go of it.
+  BackRef<IObjListEventHandler> watching(handler);
+  BackRef<Object> handed(userData);
+  std::swap(eventHandler_, watching);
+  std::swap(userData_, handed);
   ClosedSlots();
 }
 

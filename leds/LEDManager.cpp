@@ -16,8 +16,9 @@ constexpr std::uint16_t kAllLamps = 0xFFFF;
 }  // namespace
 
 void LEDManager::Init(ILEDSetter* setter) {
-  setter_ = setter;
   lamps_.ResetBlinking();
+  // Last, like each replaced object of a host: its end may let go of this.
+  setter_ = setter;
 }
 
 void LEDManager::clearAll() {

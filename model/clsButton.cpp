@@ -65,7 +65,6 @@ void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
   isHighlighted = false;
   triggeredDimmerValue = kFullFader;
   page_ = page;
-  eventHandler_ = eventHandler;
   playState_ = PlayState_Off;
   bumpMode_ = BumpMode_Off;
   faderMode_ = FaderMode_Dimmer;
@@ -73,11 +72,14 @@ void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
   fader_ = nullptr;
   preBumpFaderValue_ = 0;
   locked_ = false;
+  // Last: the end of the one before may let go of this button.
+  eventHandler_ = eventHandler;
 }
 
 void clsButton::InitWithValues(clsPage* page, std::int32_t newGroupIndex, std::int32_t newButtonIndex,
                                std::u16string_view newName, ButtonTypeEnum newButtonType,
                                IButtonEventHandler* eventHandler) {
+  const Ref<clsButton> self(this);
   // Before Init, which overwrites the name that the caller's text may be.
   std::u16string ownName(newName);
   Init(eventHandler, page);

@@ -1,5 +1,7 @@
 #include "recording/EventFile.h"
 
+#include <utility>
+
 #include "core/Error.h"
 
 namespace vestrel {
@@ -35,8 +37,9 @@ bool EventReader::Read(vxEvent& event) {
   EventLine line;
   const std::size_t size = NextLine(line);
   if (size == 0) return ReadFields(event);
+  // Goes last: with the button its handler may go, and close the file.
+  const Ref<clsButton> before = std::exchange(event.button, nullptr);
   event.SetTime(line.time);
-  event.button = nullptr;
   event.eventType = static_cast<vxEventTypeEnum>(line.eventType);
   event.mouseButton = line.mouseButton;
   event.shift = line.shift;
@@ -63,7 +66,7 @@ std::size_t EventReader::ReadBehindBuffer(EventLine& line) {
 }
 
 bool EventReader::ReadFields(vxEvent& event) {
-  event.button = nullptr;
+  const Ref<clsButton> before = std::exchange(event.button, nullptr);
   event.SetTime(in_.ReadLong());
   const std::u16string name = in_.ReadText();
   event.eventType = static_cast<vxEventTypeEnum>(in_.ReadLong());

@@ -36,6 +36,8 @@ Ref<clsObjectList> clsRecordController::EventList() const {
 }
 
 void clsRecordController::Init(IRecordEventHandler* eventHandler) {
+  const Ref<clsRecordController> self(this);
+  const Ref<IRecordEventHandler> given(eventHandler);
   modLog::Log(u"clsRecordController.Init", LogLevel_4_SPEW);
   const Ref<vxEventList> list = MakeRef<vxEventList>();
   list->Init(this);

@@ -1,5 +1,7 @@
 #include "recording/vxEventList.h"
 
+#include <utility>
+
 #include "core/Cast.h"
 #include "core/Error.h"
 #include "recording/EventFile.h"
@@ -60,9 +62,12 @@ void vxEventList::StopRecording() {
   if (!recording_) return;
   recording_ = false;
   recordEnd_ = currentTime_;
+  const Ref<vxEventList> self(this);
   const bool overwrite = recordMode_ == RecordMode_Overwrite;
+  // Goes last: a host's objects may go with it, and begin anew.
+  Ref<clsObjectList> replaced;
   if (overwrite) {
-    events_ = EventsOutsideRange(recordStart_, recordEnd_);
+    replaced = std::exchange(events_, EventsOutsideRange(recordStart_, recordEnd_));
     order_.Forget();
   }
   MergeTake();
@@ -182,7 +187,8 @@ void vxEventList::WriteToFile(std::int16_t f) {
 
 void vxEventList::ReadFromFile(std::int16_t f, clsDictionary* buttonMap) {
   TextInput& in = TextFile::Input(f);
-  events_ = MakeRef<clsObjectList>();
+  // Goes last: a host's objects may go with it, and close the file.
+  const Ref<clsObjectList> replaced = std::exchange(events_, MakeRef<clsObjectList>());
   order_.Forget();
   EventReader reader(in, buttonMap);
   for (std::int32_t left = in.ReadLong(); left > 0; --left) {

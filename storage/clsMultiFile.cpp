@@ -39,7 +39,9 @@ void clsMultiFile::AddSequence(clsSequence* seq) {
 }
 
 void clsMultiFile::Load() {
-  clsObjectList& list = List();
+  // The list's observer may set this file up anew, or let go of it.
+  const Ref<clsMultiFile> self(this);
+  const Ref<clsObjectList> list(&List());
   const TextFile::Opened file(filePath_, TextFile::Mode::Input);
   TextInput& input = TextFile::Input(file.number());
   const std::int16_t major = input.ReadShort();
@@ -54,7 +56,7 @@ void clsMultiFile::Load() {
     const Ref<clsSequence> sequence = MakeRef<clsSequence>();
     sequence->LoadFromFile(file.number(), major, minor);
     sequence->myPage = pageName_;
-    list.AddItem(sequence.get());
+    list->AddItem(sequence.get());
   }
 }
 

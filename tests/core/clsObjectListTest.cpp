@@ -10,11 +10,13 @@
 #include "core/DefaultObjectComparator.h"
 #include "core/clsObjectList.h"
 #include "tests/core/ListHelpers.h"
+#include "tests/support/Ending.h"
 #include "tests/support/Errors.h"
 
 namespace vestrel {
 namespace {
 
+using test::Ending;
 using test::Longs;
 using test::RecordingObserver;
 using test::Shown;
@@ -579,6 +581,24 @@ TEST(clsObjectListTest, AnObserverMayDropTheLastReferenceToTheList) {
   list->SetEventHandler(meddler.get(), nullptr);
   list->Clear();
   EXPECT_THAT(meddler->events, ElementsAre("-a@0/2", "-b@1/2"));
+}
+
+TEST(clsObjectListTest, TheEndOfAReplacedObserverMayUseTheListOrLetGoOfIt) {
+  Ref<clsObjectList> list = Texts({u"a"});
+  const auto use = [&list] {
+    if (list) list->AddItem(BoxString(u"late").get());
+  };
+  const Ref<RecordingObserver> next = MakeRef<RecordingObserver>();
+  const Ref<Object> handed = BoxLong(7);
+  list->SetEventHandler(MakeRef<Ending<RecordingObserver>>(use).get(), nullptr);
+  list->SetEventHandler(next.get(), handed.get());
+  EXPECT_THAT(next->events, ElementsAre("+late@1/2"));
+  EXPECT_EQ(next->lastUserData, handed.get());
+
+  clsObjectList& borrowed = *list;
+  list->SetEventHandler(MakeRef<Ending<RecordingObserver>>([&list] { list = nullptr; }).get(), nullptr);
+  borrowed.SetEventHandler(nullptr, nullptr);
+  EXPECT_FALSE(list);
 }
 
 TEST(clsObjectListTest, APredicateThatChangesTheListDoesNotDisturbTheSearch) {

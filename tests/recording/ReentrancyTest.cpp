@@ -2,7 +2,11 @@
 // they still hold, nothing is touched that is gone, and the recorder works on afterwards.
 #include <gmock/gmock.h>
 
+#include "core/Error.h"
+#include "storage/TextFile.h"
 #include "tests/recording/RecordingFixture.h"
+#include "tests/support/Ending.h"
+#include "tests/support/Errors.h"
 
 namespace vestrel {
 namespace {
@@ -154,6 +158,53 @@ TEST_F(ListReentrancyTest, TheLogLevelAfterTheCallsOutDecidesOnTheLine) {
   first->onFired = [] { modLog::SetLogLevel(LogLevel_3_INFO); };
   list->UpdateTime(20);
   EXPECT_EQ(TakeLog(), "");
+}
+
+// The library holds the button, the button its handler alone: with an event the handler goes.
+TEST_F(ReentrancyTest, TheEndOfAHandlerMayCloseTheFileThatIsRead) {
+  const auto close = [] { TextFile::Close(1); };
+  const auto goingEvent = [&] {
+    const Ref<clsButton> button = MakeRef<clsButton>();
+    button->Init(MakeRef<test::Ending<IButtonEventHandler>>(close).get(), nullptr);
+    const Ref<vxEvent> event = MakeRef<vxEvent>();
+    event->button = button;
+    return event;
+  };
+  for (const std::string_view line : {"15,\"a\",1,0,0,0,0\r\n", "15 ,\"a\",1,0,0,0,0\r\n"}) {
+    files.Put(u"C:\\one.txt", line);
+    const Ref<vxEvent> event = goingEvent();
+    TextFile::Open(1, u"C:\\one.txt", TextFile::Mode::Input);
+    event->ReadFromFile(1, map.get());
+    EXPECT_EQ(event->time(), 15);
+    EXPECT_EQ(event->button, map->ValueOf(u"a"));
+    EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Input(1));
+  }
+
+  const Ref<vxEventList> list = MakeRef<vxEventList>();
+  list->Init(nullptr);
+  list->events()->AddItem(goingEvent().get());
+  TextFile::Open(1, u"C:\\take.txt", TextFile::Mode::Input);
+  list->ReadFromFile(1, map.get());
+  EXPECT_EQ(list->events()->Size(), 1);
+  EXPECT_RAISES(Error_BadFileNameOrNumber, TextFile::Input(1));
+}
+
+TEST_F(ReentrancyTest, TheEndOfAnObserverMayStartTheListAnewWhileATakeIsMerged) {
+  Ref<vxEventList> list = MakeRef<vxEventList>();
+  for (const bool letGo : {false, true}) {
+    list->Init(nullptr);
+    const auto restart = [&list, letGo] {
+      if (list) list->Init(nullptr);
+      if (letGo) list = nullptr;
+    };
+    list->events()->SetEventHandler(MakeRef<test::Ending<IObjListEventHandler>>(restart).get(), nullptr);
+    list->SetRecordMode(RecordMode_Overwrite);
+    list->StartRecording();
+    list->AddEvent(Event(5, u"a").get());
+    vxEventList& borrowed = *list;
+    borrowed.StopRecording();
+    EXPECT_EQ(list ? list->events()->Size() : -1, letGo ? -1 : 0);
+  }
 }
 
 TEST_F(ReentrancyTest, StoppingWhileAnEventFiresRewindsTheNextTick) {

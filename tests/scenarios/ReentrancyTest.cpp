@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/Error.h"
-#include "tests/scenarios/Scene.h"
+#include "tests/scenarios/GoingScene.h"
 #include "tests/support/Scale.h"
 #include "util/modLog.h"
 
@@ -208,8 +208,9 @@ TEST_F(ReentrancyTest, EveryCallbackOfTheHostIsCovered) {
   }
 }
 
-// Random operations, any of which may come inside any callback of another, eight levels deep. The show is
-// looked over after each that no other one called, and at the end of each round, which is one seed.
+// Random operations, any of which may come inside any callback of another, or inside the end of an object of
+// the host that another lets go, eight levels deep. The show is looked over after each that no other one
+// called, and at the end of each round, which is one seed.
 TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
   const int operations = RunsLong() ? 1'000'000 : 30'000;
   int done = 0;
@@ -223,7 +224,8 @@ TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
     random.seed(round);
     std::string story;
     {
-      Scene scene(files, hostServices, clock);
+      GoingScene going(files, hostServices, clock);
+      Scene& scene = going.scene;
       int level = 0;
       int left = 200;
       const auto act = [&] {
@@ -233,7 +235,7 @@ TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
         deepest = std::max(deepest, level);
         Try([&] { action.run(scene); });
       };
-      const auto nest = [&](const std::string&) {
+      const auto nest = [&] {
         if (level >= 8 || left <= 0 || any(3) != 0) return;
         --left;
         ++level;
@@ -241,9 +243,12 @@ TEST_F(ReentrancyTest, RandomNestingLeavesTheShowConsistent) {
         --level;
       };
       for (int i = 0; i < 10 && !HasFailure(); ++i) {
-        scene.onCallback = nest;
+        if (any(3) == 0) Try([&] { going.Plant(); });
+        scene.onCallback = [&](const std::string&) { nest(); };
+        going.atEnd = nest;
         act();
         scene.onCallback = nullptr;
+        going.atEnd = nullptr;
         EXPECT_EQ(scene.controller ? scene.Faults() : std::string(), "");
       }
       Check(scene);

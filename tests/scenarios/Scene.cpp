@@ -25,8 +25,10 @@ constexpr std::string_view kSecondBytes =
 
 }  // namespace
 
-Scene::Scene(MemoryFiles& memory, FakeHostServices& services, FakeClock& fakeClock)
+Scene::Scene(MemoryFiles& memory, FakeHostServices& services, FakeClock& fakeClock,
+             const std::function<void(SimulatedHost&)>& cast)
     : files(memory), clock(fakeClock), services_(services) {
+  if (cast) cast(*this);
   files.Put(kShowFile, "[PageManager]\r\nPageList=Act 1|Act 2\r\n");
   files.Put(kFirstPage, kFirstBytes);
   files.Put(kSecondPage, kSecondBytes);

@@ -14,8 +14,10 @@ namespace vestrel::test {
 
 class Scene : public SimulatedHost {
  public:
-  // Files and host services of the test; they outlive the scene.
-  Scene(MemoryFiles& files, FakeHostServices& services, FakeClock& clock);
+  // Files and host services of the test; they outlive the scene. `cast` may put objects of its own in the
+  // host's places before they are used.
+  Scene(MemoryFiles& files, FakeHostServices& services, FakeClock& clock,
+        const std::function<void(SimulatedHost&)>& cast = {});
   Scene(const Scene&) = delete;
   Scene& operator=(const Scene&) = delete;
   ~Scene();

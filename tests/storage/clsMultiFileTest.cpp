@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "core/Error.h"
 #include "core/clsString.h"
 #include "storage/TextFile.h"
@@ -82,6 +84,36 @@ TEST_F(clsMultiFileTest, LoadingAppends) {
   multi->Load();
   EXPECT_EQ(multi->SequenceList()->Size(), 3);
   EXPECT_EQ(At(0).theName, u"first");
+}
+
+// Does something when the first item arrives.
+class AtTheFirst : public IObjListEventHandler {
+ public:
+  VESTREL_OBJECT(AtTheFirst, IObjListEventHandler)
+  std::function<void()> work;
+  int heard = 0;
+  void ItemAdded(clsObjectList* /*list*/, Object* /*item*/, std::int32_t /*atIndex*/,
+                 Object* /*userData*/) override {
+    if (++heard == 1) work();
+  }
+};
+
+TEST_F(clsMultiFileTest, AnObserverMaySetTheFileUpAnewOrLetGoOfItWhileItLoads) {
+  files.Put(kFile, kTwo);
+  const Ref<AtTheFirst> observer = MakeRef<AtTheFirst>();
+  observer->work = [this] { multi->Init(u"C:\\app", u"Gala", u"Page 1", u"Other"); };
+  multi->SequenceList()->SetEventHandler(observer.get(), nullptr);
+  multi->Load();
+  EXPECT_EQ(observer->heard, 2);
+  EXPECT_EQ(multi->SequenceList()->Size(), 0);
+
+  observer->heard = 0;
+  observer->work = [this] { multi = nullptr; };
+  multi->Init(u"C:\\app", u"Gala", u"Page 1", u"Wash");
+  multi->SequenceList()->SetEventHandler(observer.get(), nullptr);
+  clsMultiFile& borrowed = *multi;
+  borrowed.Load();
+  EXPECT_EQ(observer->heard, 2);
 }
 
 TEST_F(clsMultiFileTest, InitStartsAnEmptyListForTheFileItNames) {

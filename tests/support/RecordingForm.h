@@ -75,7 +75,7 @@ class Transcript {
   }
 };
 
-class RecordingForm final : public virtual IFormSequenceShortcuts {
+class RecordingForm : public virtual IFormSequenceShortcuts {
  public:
   explicit RecordingForm(Transcript& transcript) : transcript_(transcript) {}
 
@@ -145,7 +145,7 @@ class RecordingForm final : public virtual IFormSequenceShortcuts {
   Transcript& transcript_;
 };
 
-class RecordingLamps final : public virtual ILEDSetter {
+class RecordingLamps : public virtual ILEDSetter {
  public:
   explicit RecordingLamps(Transcript& transcript) : transcript_(transcript) {}
 
@@ -159,7 +159,7 @@ class RecordingLamps final : public virtual ILEDSetter {
   Transcript& transcript_;
 };
 
-class RecordingTransport final : public virtual IRecordEventHandler {
+class RecordingTransport : public virtual IRecordEventHandler {
  public:
   explicit RecordingTransport(Transcript& transcript) : transcript_(transcript) {}
 
@@ -180,7 +180,7 @@ class RecordingTransport final : public virtual IRecordEventHandler {
   Transcript& transcript_;
 };
 
-class RecordingAssignment final : public virtual IAssignmentCallback {
+class RecordingAssignment : public virtual IAssignmentCallback {
  public:
   explicit RecordingAssignment(Transcript& transcript) : transcript_(transcript) {}
 
