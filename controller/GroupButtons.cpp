@@ -1,5 +1,7 @@
 #include "controller/GroupButtons.h"
 
+#include <vector>
+
 #include "core/Cast.h"
 #include "core/Checked.h"
 #include "model/clsButtonPredicate.h"
@@ -22,8 +24,8 @@ std::int32_t FirstRemaining(const ItemSnapshot& items, clsButton& removed, std::
 void FillNowPlaying(clsButtonGroup& group, const ItemSnapshot& items, std::int32_t from) {
   if (!group.nowPlayingList) group.nowPlayingList = MakeRef<clsObjectList>();
   const Ref<clsObjectList> playing = group.nowPlayingList;
-  // Holds what items that left have kept in the slots: its end may call back, and comes when all are listed.
-  const ItemSnapshot before = playing->Snapshot();
+  // Goes when all are listed: the end of what items that left have kept in the slots may call back.
+  const std::vector<Ref<Object>> held = playing->Held();
   playing->Clear();
   for (std::int32_t i = from; i < items.size(); ++i) {
     if (Cast<clsButton>(items[i]).playState() == PlayState_On) playing->AddItem(items[i]);

@@ -49,12 +49,13 @@ clsPageManager::clsPageManager() = default;
 clsPageManager::~clsPageManager() = default;
 
 void clsPageManager::Init(std::u16string_view appPath, IPageController* controller) {
+  // What was there goes last: a host's objects may go with it, and call back.
+  const BackRef<IPageController> formerController = std::exchange(controller_, controller);
   appPath_ = appPath;
-  controller_ = controller;
+  const Ref<clsPage> formerPage = std::exchange(currentPage_, Placeholder());
+  const Ref<clsObjectList> formerPages = std::exchange(pageList_, MakeRef<clsObjectList>());
   showName_ = kNullShow;
-  pageList_ = MakeRef<clsObjectList>();
   keyPage_ = MakeRef<clsPage>();
-  currentPage_ = Placeholder();
   showFile_ = MakeRef<clsIniFile>();
   isLoading_ = false;
 }

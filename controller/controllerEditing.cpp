@@ -7,6 +7,8 @@
 //   an edit of the edit button           None                     DisableEditMode
 //   a click in Move or Copy              None                     DisableEditMode, SetFlashing(false)
 //   a click in Assign                    stays                    SetFlashing(false)
+#include <utility>
+
 #include "controller/ControlIndex.h"
 #include "controller/GroupButtons.h"
 #include "controller/clsButtonGroupController.h"
@@ -45,7 +47,7 @@ void clsButtonGroupController::setModeAssign(std::u16string_view buttonName, But
   if (position >= 0) return OverwriteButton(ButtonAt(*buttons, position), pending);
   const Ref<IFormSequenceShortcuts> form = Form();
   editMode_ = EditMode_Assign;
-  pending_ = std::move(pending);
+  const PendingAssignment former = std::exchange(pending_, std::move(pending));
   form->SetFlashing(true);
 }
 
@@ -61,9 +63,10 @@ void clsButtonGroupController::OverwriteButton(const Ref<clsButton>& existing,
   const std::int32_t buttonIndex = existing->buttonIndex;
   // Before the old button is gone.
   ValidateForAssigning(groupIndex, buttonIndex);
-  editButton_ = existing;
+  // What was there goes last: its end may edit something else.
+  const Ref<clsButton> formerButton = std::exchange(editButton_, existing);
   DeleteButton(true);
-  pending_ = pending;
+  const PendingAssignment formerAssignment = std::exchange(pending_, pending);
   PlacePendingButton({groupIndex, buttonIndex, Numbering::ButtonIndex}, true);
   modLog::LogFormat(LogLevel_3_INFO, u"overwrote existing button: %s", pending.name);
   Form()->RefreshPage(IFSSRefresh_EntirePage);
@@ -99,7 +102,7 @@ void clsButtonGroupController::StartPlacing(EditModeEnum mode) {
   const Ref<clsPage> page = CurrentPage();
   const Ref<IFormSequenceShortcuts> form = Form();
   editMode_ = mode;
-  sourcePage_ = page;
+  const Ref<clsPage> former = std::exchange(sourcePage_, page);
   form->SetFlashing(true);
 }
 

@@ -1,5 +1,7 @@
 // The controller's input room: presses, releases and clicks of controls, releasing buttons, the go of a
 // group.
+#include <utility>
+
 #include "controller/GroupButtons.h"
 #include "controller/Trap.h"
 #include "controller/clsButtonGroupController.h"
@@ -77,7 +79,7 @@ void clsButtonGroupController::ClickButton(const ControlTarget& target, const Pl
 
 void clsButtonGroupController::PickEditButton(const ControlTarget& target) {
   const Ref<clsButton> button = buttonWithIndex(target.groupIndex, target.buttonIndex);
-  editButton_ = button;
+  const Ref<clsButton> former = std::exchange(editButton_, button);
   if (button) Form()->ShowEditPopup(button.get());
 }
 

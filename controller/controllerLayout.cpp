@@ -1,5 +1,7 @@
 // The controller's layout room: which button a control shows, paging of groups, the highlight. The arithmetic
 // itself is modControlIndex and GroupButtons.
+#include <utility>
+
 #include "controller/ControlIndex.h"
 #include "controller/GroupButtons.h"
 #include "controller/Trap.h"
@@ -155,7 +157,7 @@ void clsButtonGroupController::MoveHighlight(const Ref<clsButtonGroup>& group, H
     throw;
   }
   Unhighlight(group->highlightedButton);
-  group->highlightedButton = reached;
+  const Ref<clsButton> former = std::exchange(group->highlightedButton, reached);
   if (!reached) return;
   reached->isHighlighted = true;
   if (goToHighlightPage && ShowRunOf(group, reached->buttonIndex)) return;
@@ -189,7 +191,8 @@ void clsButtonGroupController::setButtonGroupButtonList(std::int32_t groupIndex,
   CheckAllButtons(Cast<clsObjectList>(theButtonList));
   const Ref<clsPage> page = CurrentPage();
   const Ref<clsButtonGroup> group = GroupOf(*page, groupIndex);
-  group->buttons = list;
+  // Goes last: a host's objects may go with it, and call back.
+  const Ref<clsObjectList> former = std::exchange(group->buttons, list);
   page->saveButtonGroupToINI(groupIndex, true);
   group->Init(groupIndex, this);
   page->loadFromINI();

@@ -1,4 +1,6 @@
 // The controller's placing room: validation, putting buttons into groups and taking them out, move and copy.
+#include <vector>
+
 #include "controller/ControlIndex.h"
 #include "controller/GroupButtons.h"
 #include "controller/clsButtonGroupController.h"
@@ -114,8 +116,8 @@ void clsButtonGroupController::InsertIntoGroup(const Ref<clsPage>& page, const R
   const Ref<clsObjectList> buttons = ButtonsOf(*group);
   const std::int32_t taken = PositionOfIndex(*buttons, button->buttonIndex);
   if (taken >= 0) ShiftButtons(ShiftMode_Insert, button->groupIndex, taken, *page);
-  // Holds what the new button displaces: its end may call back, and comes when the group is in order again.
-  const ItemSnapshot before = buttons->Snapshot();
+  // Goes when the group is in order again: the end of what the new button displaces may call back.
+  const std::vector<Ref<Object>> held = buttons->Held();
   try {
     buttons->AddItem(button.get());
     buttons->SortInPlace(nullptr, false, u"buttonIndex");

@@ -1,4 +1,6 @@
 // The controller's play-state room: what follows when a button or a list of buttons reports a change.
+#include <utility>
+
 #include "controller/GroupButtons.h"
 #include "controller/Trap.h"
 #include "controller/clsButtonGroupController.h"
@@ -143,7 +145,7 @@ void clsButtonGroupController::ItemAdded(clsObjectList* list, Object* item, std:
   if (!IsScreenGroup(group.groupIndex())) return;
   auto& added = Cast<clsButton>(item);
   if (Given(list).Size() == 1) {
-    group.highlightedButton = &added;
+    const Ref<clsButton> former = std::exchange(group.highlightedButton, &added);
     added.isHighlighted = true;
   }
   if (added.playState() == PlayState_On) RebuildNowPlaying(group);

@@ -1,5 +1,7 @@
 // The controller's shows room: set-up, focus, show and page commands, shutdown. Commands keep the page
 // manager they began with: a callback may set up another show in the middle of one.
+#include <utility>
+
 #include "controller/GroupButtons.h"
 #include "controller/Trap.h"
 #include "controller/clsButtonGroupController.h"
@@ -51,16 +53,18 @@ void clsButtonGroupController::Init(IFormSequenceShortcuts* form, std::u16string
   const Ref<clsButtonGroupController> alive(this);
   const Ref<IFormSequenceShortcuts> givenForm(form);
   const Ref<IRecordController> givenRecorder(recordController);
+  const std::u16string givenPath(appPath);
   modLog::LogFormat(LogLevel_3_INFO, u"BGC appPath is: %s", appPath);
   const Ref<LEDManager> lamps = MakeRef<LEDManager>();
   lamps->Init(ledSetter);
-  mLEDManager = lamps;
+  // What was there goes last: its end may call back.
+  const Ref<LEDManager> formerLamps = std::exchange(mLEDManager, lamps);
+  const Ref<IFormSequenceShortcuts> formerForm = std::exchange(form_, givenForm);
+  const Ref<clsObjectList> formerDeferred = std::exchange(deferredList_, MakeRef<clsObjectList>());
   buttonsPerGroup_ = -1;
-  form_ = givenForm;
-  appPath_ = appPath;
+  appPath_ = givenPath;
   persist_ = true;
   ready_ = false;
-  deferredList_ = MakeRef<clsObjectList>();
   InitShow();
   ready_ = true;
   recordController_ = givenRecorder;
@@ -71,13 +75,14 @@ Ref<clsPageManager> clsButtonGroupController::InitShow() {
   Ref<clsPageManager> manager = MakeRef<clsPageManager>();
   manager->Init(appPath_, this);
   const Ref<LEDManager> lamps = Lamps();
-  pageManager_ = manager;
+  // What was there goes last: a host's objects may go with it, and call back.
+  const Ref<clsPageManager> former = std::exchange(pageManager_, manager);
   lamps->clearAll();
   editMode_ = EditMode_None;
   // What the edit modes worked on belongs to the show that was replaced.
-  editButton_ = nullptr;
-  sourcePage_ = nullptr;
-  pending_ = {};
+  const Ref<clsButton> formerButton = std::exchange(editButton_, nullptr);
+  const Ref<clsPage> formerPage = std::exchange(sourcePage_, nullptr);
+  const PendingAssignment formerAssignment = std::exchange(pending_, {});
   level_ = kFullLevel;
   return manager;
 }

@@ -15,13 +15,17 @@ void clsIterator::Init(std::span<const Ref<Object>> data, std::int32_t Size) {
   const std::int32_t count = NarrowChecked(static_cast<std::int64_t>(data.size()));
   Object** const slots = copy.Writable(count, count);
   for (std::int32_t i = 0; i < count; ++i) slots[i] = Ref<Object>(data[static_cast<std::size_t>(i)]).Detach();
-  InitShared(std::move(copy), Size);
-  slots_ = count;
+  Take(copy, count, Size);
 }
 
 void clsIterator::InitShared(ItemStorage items, std::int32_t size) noexcept {
-  items_ = std::move(items);
-  slots_ = items_.capacity();
+  Take(items, items.capacity(), size);
+}
+
+// The items before are the caller's then: their end may call back.
+void clsIterator::Take(ItemStorage& items, std::int32_t slots, std::int32_t size) noexcept {
+  std::swap(items_, items);
+  slots_ = slots;
   size_ = size;
   index_ = -1;
 }

@@ -42,6 +42,7 @@ class clsIterator : public Object {
 
  private:
   Object* Current() const;
+  void Take(ItemStorage& items, std::int32_t slots, std::int32_t size) noexcept;
 
   ItemStorage items_;
   // Entries that may be read; a list's unused slots are among them.

@@ -109,6 +109,11 @@ Ref<Object> clsObjectList::Remove(std::int32_t atIndex) {
   return removed;
 }
 
+std::vector<Ref<Object>> clsObjectList::Held() const {
+  NoteWritten();
+  return {items_.data(), items_.data() + items_.written()};
+}
+
 void clsObjectList::Clear() {
   const Ref<clsObjectList> self(this);
   if (eventHandler_) {
@@ -130,12 +135,15 @@ std::int32_t clsObjectList::FindObject(Object* obj) const {
 }
 
 std::int32_t clsObjectList::FindObjectValue(IComparable* valueObj, std::u16string_view field) const {
-  return FirstWhere(Snapshot(), [&](Object* item) { return Given(valueObj).CompareTo(item, field) == 0; });
+  // A host's own comparison may change the caller's text.
+  const std::u16string name(field);
+  return FirstWhere(Snapshot(), [&](Object* item) { return Given(valueObj).CompareTo(item, name) == 0; });
 }
 
 std::int32_t clsObjectList::FindFieldValue(std::u16string_view fieldName, const Variant& value) const {
-  return FirstWhere(
-      Snapshot(), [&](Object* item) { return Cast<IComparable>(item).FieldCompare(fieldName, value) == 0; });
+  const std::u16string name(fieldName);
+  return FirstWhere(Snapshot(),
+                    [&](Object* item) { return Cast<IComparable>(item).FieldCompare(name, value) == 0; });
 }
 
 std::int32_t clsObjectList::FirstIndexWhere(IObjectPredicate* predicate) const {
@@ -218,13 +226,12 @@ std::int32_t clsObjectList::InsertAt(Object* item, std::int32_t before, bool use
   const std::int32_t room = newCount > capacity ? MultiplyChecked(capacity, 2) : capacity;
   const std::int32_t filled = std::max(position, count);
   Object** const slots = WritableSlots(room, filled + 1);
-  // What an item that left had kept in the slot goes now, when everything is in place again.
-  Ref<Object> displaced = Ref<Object>::Adopt(slots[filled]);
+  // What an item that left had kept in the slot goes last: its end may use the list.
+  const Ref<Object> displaced = Ref<Object>::Adopt(slots[filled]);
   if (position < count) std::copy_backward(slots + position, slots + count, slots + newCount);
   slots[position] = Ref<Object>(inserted).Detach();
   SetSize(newCount);
   OpenSlots();
-  displaced = nullptr;
   NotifyAdded(item, position);
   return position;
 }

@@ -36,7 +36,8 @@ class clsObjectList : public Object {
   // The item at `index`. On an empty list a negative index gives what slot 0 holds and any other raises 9.
   Ref<Object> GetItem(std::int32_t index) const;
   // The observer of insertions and removals (none for none) and the object that it is handed with each event.
-  // The library's own owners are held weakly, anything else is kept alive.
+  // The library's own owners are held weakly, anything else is kept alive. What was there goes when both are
+  // in place: its end may use the list or let go of it.
   void SetEventHandler(IObjListEventHandler* handler, Object* userData);
   // Inserts before position `before`, which counts from the end when negative; past the end it appends.
   // Calls ItemAdded. The result is the new item's position.
@@ -93,6 +94,9 @@ class clsObjectList : public Object {
 
   // The items as they are now, for loops inside the library.
   ItemSnapshot Snapshot() const { return {ClosedSlots(), Size()}; }
+  // What all slots hold, those that items left included. Kept over a change, the end of what the change
+  // displaces, which may call back, comes when the caller is done.
+  std::vector<Ref<Object>> Held() const;
   // The items where they stand, until the list changes; the list alone keeps them alive. For loops inside the
   // library that ask for each item anew.
   Object* const* begin() const noexcept { return items_.data(); }

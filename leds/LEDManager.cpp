@@ -17,7 +17,7 @@ constexpr std::uint16_t kAllLamps = 0xFFFF;
 
 void LEDManager::Init(ILEDSetter* setter) {
   lamps_.ResetBlinking();
-  // Last, like each replaced object of a host: its end may let go of this.
+  // Last: the end of the one before may call back.
   setter_ = setter;
 }
 

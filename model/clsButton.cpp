@@ -79,7 +79,8 @@ void clsButton::Init(IButtonEventHandler* eventHandler, clsPage* page) {
 void clsButton::InitWithValues(clsPage* page, std::int32_t newGroupIndex, std::int32_t newButtonIndex,
                                std::u16string_view newName, ButtonTypeEnum newButtonType,
                                IButtonEventHandler* eventHandler) {
-  const Ref<clsButton> self(this);
+  // Goes last: its end may call back.
+  const Ref<IButtonEventHandler> former = eventHandler_.Lock();
   // Before Init, which overwrites the name that the caller's text may be.
   std::u16string ownName(newName);
   Init(eventHandler, page);

@@ -59,7 +59,8 @@ class clsButton : public virtual IComparable {
   Ref<clsFaderCatch> Fader() const;
   PlayStateEnum playState() const noexcept { return playState_; }
 
-  // Gives every field its first value and creates the fader. Both references point back (core/BackRef.h).
+  // Gives every field its first value and creates the fader. Both references point back (core/BackRef.h). The
+  // handler before goes when all is in place, here and in InitWithValues: its end may call back.
   void Init(IButtonEventHandler* eventHandler, clsPage* page);
   // Init, then the four fields given (groupIndex 0 to 9, buttonIndex from 1; neither is checked).
   void InitWithValues(clsPage* page, std::int32_t groupIndex, std::int32_t buttonIndex,

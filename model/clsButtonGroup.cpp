@@ -1,5 +1,7 @@
 #include "model/clsButtonGroup.h"
 
+#include <utility>
+
 namespace vestrel {
 
 void clsButtonGroup::Init(std::int32_t groupIndex, IPageController* controller) {
@@ -8,12 +10,13 @@ void clsButtonGroup::Init(std::int32_t groupIndex, IPageController* controller) 
   const auto newFader = MakeRef<clsFaderCatch>();
   newFader->Init();
   const auto newPlaying = MakeRef<clsObjectList>();
+  // What was there goes last: a host's objects may go with it, and call back.
+  const Ref<clsButton> formerHighlight = std::exchange(highlightedButton, nullptr);
+  const Ref<clsObjectList> formerButtons = std::exchange(buttons, newButtons);
+  const Ref<clsObjectList> formerPlaying = std::exchange(nowPlayingList, newPlaying);
   groupIndex_ = groupIndex;
-  highlightedButton = nullptr;
   pageOffset = 0;
-  buttons = newButtons;
   fader_ = newFader;
-  nowPlayingList = newPlaying;
 }
 
 }  // namespace vestrel

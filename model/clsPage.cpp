@@ -1,6 +1,8 @@
 #include "model/clsPage.h"
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "core/Cast.h"
 #include "core/Convert.h"
@@ -80,11 +82,14 @@ void clsPage::Init(std::u16string_view appPath, IPageController* controller, std
   pageName_ = pageName;
   iniFile_ = MakeRef<clsIniFile>();
   BindFile();
+  decltype(buttonGroups_) groups;
   std::int32_t index = 0;
-  for (Ref<clsButtonGroup>& group : buttonGroups_) {
+  for (Ref<clsButtonGroup>& group : groups) {
     group = MakeRef<clsButtonGroup>();
     group->Init(index++, controller);
   }
+  // What was there goes last: a host's objects may go with it, and call back.
+  std::swap(buttonGroups_, groups);
 }
 
 void clsPage::saveSingleButton(clsButton* button) {
@@ -114,7 +119,10 @@ void clsPage::loadFromINI() {
   if (!persist_) return;
   RequireFile(u"clsButtonGroupController.readFromINI");
   const Ref<clsPage> self(this);
+  // Go when the page is whole: the end of a button may call back.
+  std::vector<std::vector<Ref<Object>>> former;
   try {
+    for (std::int32_t g = 0; g < kGroups; ++g) former.push_back(ButtonsOf(*Group(g))->Held());
     // For its reads alone: the file is read once. What cannot be read is not taken for an empty page, which
     // the next save would put in its place.
     IniBatch batch(File().filename(), Sync::No);

@@ -34,11 +34,11 @@ void WriteEvent(TextOutput& out, const vxEvent& event) {
 }
 
 bool EventReader::Read(vxEvent& event) {
+  // With it a host's handler may go, and close the file.
+  const Ref<clsButton> before = std::exchange(event.button, nullptr);
   EventLine line;
   const std::size_t size = NextLine(line);
   if (size == 0) return ReadFields(event);
-  // Goes last: with the button its handler may go, and close the file.
-  const Ref<clsButton> before = std::exchange(event.button, nullptr);
   event.SetTime(line.time);
   event.eventType = static_cast<vxEventTypeEnum>(line.eventType);
   event.mouseButton = line.mouseButton;
@@ -66,7 +66,6 @@ std::size_t EventReader::ReadBehindBuffer(EventLine& line) {
 }
 
 bool EventReader::ReadFields(vxEvent& event) {
-  const Ref<clsButton> before = std::exchange(event.button, nullptr);
   event.SetTime(in_.ReadLong());
   const std::u16string name = in_.ReadText();
   event.eventType = static_cast<vxEventTypeEnum>(in_.ReadLong());

@@ -1,5 +1,7 @@
 #include "recording/clsRecordController.h"
 
+#include <utility>
+
 #include "core/Checked.h"
 #include "core/Error.h"
 #include "platform/Platform.h"
@@ -36,12 +38,11 @@ Ref<clsObjectList> clsRecordController::EventList() const {
 }
 
 void clsRecordController::Init(IRecordEventHandler* eventHandler) {
-  const Ref<clsRecordController> self(this);
-  const Ref<IRecordEventHandler> given(eventHandler);
   modLog::Log(u"clsRecordController.Init", LogLevel_4_SPEW);
   const Ref<vxEventList> list = MakeRef<vxEventList>();
   list->Init(this);
-  eventList_ = list;
+  // What was there goes last: a host's objects may go with it, and call back.
+  const Ref<vxEventList> former = std::exchange(eventList_, list);
   lastTick_ = platform::clock().TickCount();
   currentTime_ = 0;
   playState_ = Stopped;

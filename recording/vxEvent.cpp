@@ -25,8 +25,9 @@ void vxEvent::operator delete(void* block, std::size_t size) noexcept {
 
 void vxEvent::Init(std::int32_t pTime, clsButton* pButton, vxEventTypeEnum pEventType) {
   SetTime(pTime);
-  button = pButton;
   eventType = pEventType;
+  // Last: with the one before a host's handler may go, and call back.
+  button = pButton;
 }
 
 void vxEvent::SetExtras(std::int16_t pMouseButton, std::int16_t pShift, float pX, float pY) {

@@ -23,13 +23,14 @@ const std::u16string& ButtonName(const vxEvent& ev) {
 }  // namespace
 
 void vxEventList::Init(IVXEventListHandler* handler) {
+  // What was there goes last: a host's objects may go with it, and call back.
+  const Ref<clsObjectList> formerEvents = std::exchange(events_, MakeRef<clsObjectList>());
+  const Ref<clsObjectList> formerTake = std::exchange(newEvents_, nullptr);
   recordMode_ = RecordMode_Merge;
   recording_ = false;
-  events_ = MakeRef<clsObjectList>();
   order_.Forget();
   recordStart_ = 0;
   recordEnd_ = 0;
-  newEvents_ = nullptr;
   currentTime_ = 0;
   playIndex_ = 0;
   handler_ = handler;
@@ -45,8 +46,8 @@ void vxEventList::Clear() {
 }
 
 void vxEventList::StartRecording() {
+  const Ref<clsObjectList> discarded = std::exchange(newEvents_, MakeRef<clsObjectList>());
   recordStart_ = currentTime_;
-  newEvents_ = MakeRef<clsObjectList>();
   recording_ = true;
 }
 
@@ -64,7 +65,6 @@ void vxEventList::StopRecording() {
   recordEnd_ = currentTime_;
   const Ref<vxEventList> self(this);
   const bool overwrite = recordMode_ == RecordMode_Overwrite;
-  // Goes last: a host's objects may go with it, and begin anew.
   Ref<clsObjectList> replaced;
   if (overwrite) {
     replaced = std::exchange(events_, EventsOutsideRange(recordStart_, recordEnd_));
@@ -83,7 +83,12 @@ void vxEventList::MergeTake() {
   // A host may have changed the times of events that it was told of.
   EventOrder().Sort(*take);
   list->ExtendWith(take.get());
-  order_.Sort(*list);
+  // The list's observer may have begun anew, with another list.
+  if (events_ == list) {
+    order_.Sort(*list);
+  } else {
+    EventOrder().Sort(*list);
+  }
   // The list's observer may have begun another take.
   if (newEvents_ == take) newEvents_ = nullptr;
 }
@@ -187,7 +192,7 @@ void vxEventList::WriteToFile(std::int16_t f) {
 
 void vxEventList::ReadFromFile(std::int16_t f, clsDictionary* buttonMap) {
   TextInput& in = TextFile::Input(f);
-  // Goes last: a host's objects may go with it, and close the file.
+  // With it a host's objects may go, and close the file.
   const Ref<clsObjectList> replaced = std::exchange(events_, MakeRef<clsObjectList>());
   order_.Forget();
   EventReader reader(in, buttonMap);

@@ -31,7 +31,8 @@ class vxEventList : public virtual IObjectComparator {
   void Init(IVXEventListHandler* handler);
   // Empties the recording (its observer is told of each event); position and a take under way stay.
   void Clear();
-  // Begins a take at the current time; one under way is discarded.
+  // Begins a take at the current time; one under way is discarded. What this, Init, StopRecording and
+  // ReadFromFile replace goes when all is in place: its end may call back.
   void StartRecording();
   // Ends the take: in overwrite mode it first drops the recording's events from the take's start up to, but
   // not including, its end, which makes a new list and is logged at Info. Then the take's events are added

@@ -40,8 +40,8 @@ void clsMultiFile::AddSequence(clsSequence* seq) {
 
 void clsMultiFile::Load() {
   // The list's observer may set this file up anew, or let go of it.
-  const Ref<clsMultiFile> self(this);
   const Ref<clsObjectList> list(&List());
+  const std::u16string page = pageName_;
   const TextFile::Opened file(filePath_, TextFile::Mode::Input);
   TextInput& input = TextFile::Input(file.number());
   const std::int16_t major = input.ReadShort();
@@ -55,7 +55,7 @@ void clsMultiFile::Load() {
   for (std::int32_t i = 0; i < count; ++i) {
     const Ref<clsSequence> sequence = MakeRef<clsSequence>();
     sequence->LoadFromFile(file.number(), major, minor);
-    sequence->myPage = pageName_;
+    sequence->myPage = page;
     list->AddItem(sequence.get());
   }
 }

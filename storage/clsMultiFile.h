@@ -26,7 +26,8 @@ class clsMultiFile : public Object {
   void AddSequence(clsSequence* seq);
   // Appends the file's records to the list. A file of another version than 1.1 is logged and leaves the list
   // as it was. Raises 53, 57, 75 or 76 when it cannot be read, 62, 13 or 6 for what is no record; the records
-  // before that one are then in the list.
+  // before that one are then in the list. The list's observer may call Init: the others still go to the old
+  // list.
   void Load();
   // Writes the file anew; the old one stays until the new one is complete. Raises 57, 61, 70, 75 or 76, and
   // 13 for an item of the list that is no clsSequence.

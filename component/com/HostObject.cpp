@@ -31,9 +31,11 @@ class HostObjects {
     const std::lock_guard lock(mutex_);
     byIdentity_.emplace(identity, object);
   }
-  void Remove(const Identity& identity) {
+  // Another object may have been entered for it while this one was made.
+  void Remove(const Identity& identity, const HostObject* object) {
     const std::lock_guard lock(mutex_);
-    byIdentity_.erase(identity);
+    const auto found = byIdentity_.find(identity);
+    if (found != byIdentity_.end() && found->second == object) byIdentity_.erase(found);
   }
 
  private:
@@ -86,7 +88,7 @@ class HostObject final : public Object, public HasValue {
   }
 
  protected:
-  ~HostObject() override { hostObjects().Remove(identity_); }
+  ~HostObject() override { hostObjects().Remove(identity_, this); }
 
  private:
   void* QueryAdapter(TypeKey key) {

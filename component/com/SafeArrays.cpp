@@ -66,6 +66,17 @@ class Element {
   AutoVariant copy_;
 };
 
+class ArrayLock {
+ public:
+  explicit ArrayLock(SAFEARRAY* array) : array_(array) { Check(SafeArrayLock(array)); }
+  ArrayLock(const ArrayLock&) = delete;
+  ArrayLock& operator=(const ArrayLock&) = delete;
+  ~ArrayLock() { SafeArrayUnlock(array_); }
+
+ private:
+  SAFEARRAY* array_;
+};
+
 }  // namespace
 
 SAFEARRAY* NewArray(const std::vector<Variant>& values) {
@@ -92,6 +103,9 @@ std::vector<Variant> ElementsOf(SAFEARRAY* array) {
 void SetElements(SAFEARRAY* array, const std::vector<Variant>& values) {
   const Bounds bounds = BoundsOf(array);
   const auto count = std::min(static_cast<std::size_t>(bounds.size), values.size());
+  if (count == 0) return;
+  // The end of what an element held may call the host, which cannot do away with a locked array.
+  const ArrayLock lock(array);
   for (std::size_t i = 0; i < count; ++i) Element(array, bounds.lower + static_cast<LONG>(i)).Set(values[i]);
 }
 

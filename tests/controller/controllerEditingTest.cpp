@@ -1,5 +1,6 @@
 // The edit modes and what they do to the edit button.
 #include "tests/controller/ControllerFixture.h"
+#include "tests/support/Ending.h"
 
 namespace vestrel::test {
 namespace {
@@ -216,6 +217,35 @@ TEST_F(controllerEditingTest, OverwritingPutsTheNewButtonInTheOldOnesPlace) {
   EXPECT_EQ(Buttons(2), "Before@2/5 Intro@2/6 After@2/7");
   EXPECT_NE(controller->buttonWithIndex(2, 6), old);
   EXPECT_EQ(controller->buttonWithIndex(2, 6)->buttonType, ButtonType_Multi);
+}
+
+// Each time something goes that the controller alone holds, and its end edits something else.
+TEST_F(controllerEditingTest, WhatIsOverwrittenAndPlacedIsWhatWasAskedFor) {
+  Assign(2, 1, u"Intro");
+  Assign(2, 2, u"Chase");
+  form->overwrite = true;
+  controller->setModeAssign(u"Fresh", ButtonType_Auto, MakeRef<Ending<IAssignmentCallback>>([this] {
+                                                         controller->setModeAssign(u"Wrong", ButtonType_Multi,
+                                                                                   nullptr);
+                                                       }).get());
+  controller->setModeAssign(u"Chase", ButtonType_Sequence, nullptr);
+  EXPECT_EQ(Buttons(2), "Intro@2/1 Chase@2/2");
+
+  const Ref<clsObjectList> buttons = Group(2)->buttons;
+  Ref<clsButton> guest = MakeRef<clsButton>();
+  const auto pickIntro = [this] { Pick(*controller->buttonWithIndex(2, 1)); };
+  guest->InitWithValues(Page().get(), 2, 3, u"Guest", ButtonType_Auto,
+                        MakeRef<Ending<IButtonEventHandler>>(pickIntro).get());
+  buttons->AddItem(guest.get());
+  Pick(*guest);
+  guest = nullptr;
+  buttons->Remove(-1);
+  const Ref<clsButton> other = MakeRef<clsButton>();
+  buttons->AddItem(other.get());
+  buttons->Remove(-1);
+  controller->setModeAssign(u"Chase", ButtonType_Multi, nullptr);
+  EXPECT_EQ(Buttons(2), "Intro@2/1 Chase@2/2");
+  EXPECT_EQ(controller->buttonWithIndex(2, 2)->buttonType, ButtonType_Multi);
 }
 
 TEST_F(controllerEditingTest, AButtonWhosePlaceTakesNoneAnyMoreIsNotOverwritten) {

@@ -1,5 +1,6 @@
 // Putting buttons into groups and taking them out, moves and copies.
 #include "tests/controller/ControllerFixture.h"
+#include "tests/support/Ending.h"
 
 namespace vestrel::test {
 namespace {
@@ -289,6 +290,28 @@ TEST_F(controllerPlacingTest, AMoveOntoItselfOnlyEndsTheMode) {
   EXPECT_EQ(PageBytes(), "as it was");
   Click(37);
   EXPECT_EQ(Playing(2), "1@2/1");
+}
+
+TEST_F(controllerPlacingTest, TheEndOfAButtonThatAReloadReplacesMayReloadOrAssign) {
+  const std::function<void()> ends[] = {[this] { Page()->loadFromINI(); },
+                                        [this] { controller->assignButton(2, 4, u"4", ButtonType_Auto); }};
+  for (const std::function<void()>& end : ends) {
+    Fill({1, 2, 3});
+    const auto once = [work = end]() mutable {
+      if (work) std::exchange(work, nullptr)();
+    };
+    Ref<clsButton> guest = MakeRef<clsButton>();
+    guest->InitWithValues(Page().get(), 2, 2, u"Guest", ButtonType_Auto,
+                          MakeRef<Ending<IButtonEventHandler>>(once).get());
+    Group(2)->buttons->AddItemBefore(guest.get(), 1);
+    guest = nullptr;
+    Page()->loadFromINI();
+    const std::string shown = Buttons(2);
+    EXPECT_EQ(shown, &end == &ends[0] ? "1@2/1 2@2/2 3@2/3" : "1@2/1 2@2/2 3@2/3 4@2/4");
+    Page()->loadFromINI();
+    EXPECT_EQ(Buttons(2), shown);
+    while (Group(2)->buttons->Size() > 0) controller->removeButton(controller->buttonWithIndex(2, 1).get());
+  }
 }
 
 TEST_F(controllerPlacingTest, AMovedButtonWhoseListWasReplacedBringsNoHighlightAlong) {

@@ -39,11 +39,15 @@ inline std::string Shown(const clsObjectList& list) {
   return result;
 }
 
+// "+a@0/3": an insertion or a removal, its position, and the list's size at that moment.
+inline std::string ShownEvent(const char* sign, Object* item, std::int32_t atIndex, std::int32_t size) {
+  return sign + Shown(item) + "@" + std::to_string(atIndex) + "/" + std::to_string(size);
+}
+
 class RecordingObserver : public IObjListEventHandler {
  public:
   VESTREL_OBJECT(RecordingObserver, IObjListEventHandler)
 
-  // "+a@0" for an insertion, "-a@0" for a removal, each followed by the list's size at that moment.
   std::vector<std::string> events;
   Object* lastList = nullptr;
   Object* lastUserData = nullptr;
@@ -59,7 +63,7 @@ class RecordingObserver : public IObjListEventHandler {
   void Note(const char* sign, clsObjectList* list, Object* item, std::int32_t atIndex, Object* userData) {
     lastList = list;
     lastUserData = userData;
-    events.push_back(sign + Shown(item) + "@" + std::to_string(atIndex) + "/" + std::to_string(list->Size()));
+    events.push_back(ShownEvent(sign, item, atIndex, list->Size()));
   }
 };
 

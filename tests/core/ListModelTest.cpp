@@ -20,15 +20,11 @@ namespace {
 
 using test::RecordingObserver;
 using test::Shown;
+using test::ShownEvent;
 
 using Items = std::vector<Ref<Object>>;
 
 constexpr int kOperations = 400;
-constexpr std::int32_t kSubscriptOutOfRange = 9;
-
-std::string Event(const char* sign, const Ref<Object>& item, std::int32_t index, std::int32_t size) {
-  return sign + Shown(item.get()) + "@" + std::to_string(index) + "/" + std::to_string(size);
-}
 
 // The rules as they are written: slots that items leave keep what was last in them.
 struct Model {
@@ -53,7 +49,7 @@ struct Model {
     for (std::int32_t i = count; i > position; --i) At(i) = At(i - 1);
     At(position) = item;
     ++count;
-    if (watched) events.push_back(Event("+", item, position, count));
+    if (watched) events.push_back(ShownEvent("+", item.get(), position, count));
     return true;
   }
   bool InsertBefore(const Ref<Object>& item, std::int32_t before) {
@@ -66,11 +62,12 @@ struct Model {
     const Ref<Object> item = At(slot);
     for (std::int32_t i = slot; i < count - 1; ++i) At(i) = At(i + 1);
     --count;
-    if (watched) events.push_back(Event("-", item, slot, count));
+    if (watched) events.push_back(ShownEvent("-", item.get(), slot, count));
     return true;
   }
   void Clear() {
-    for (std::int32_t i = 0; watched && i < count; ++i) events.push_back(Event("-", At(i), i, count));
+    for (std::int32_t i = 0; watched && i < count; ++i)
+      events.push_back(ShownEvent("-", At(i).get(), i, count));
     count = 0;
   }
 
@@ -99,7 +96,7 @@ class Pair {
   std::int32_t Any(std::size_t first, std::size_t last) {
     return static_cast<std::int32_t>(std::uniform_int_distribution<std::size_t>(first, last)(random_));
   }
-  // From one before the front to some way behind the end, either way of counting.
+  // Within the items and a little outside, from either end.
   std::int32_t AnyIndex() {
     const std::int32_t index = Any(0, static_cast<std::size_t>(std::max(model_.count, 0)) + 2);
     return Any(0, 2) == 0 ? -index - 1 : index;
@@ -116,13 +113,13 @@ class Pair {
   void Add() {
     const Ref<Object> item = New();
     const bool added = model_.Insert(item, model_.count);
-    EXPECT_RAISES(added ? 0 : kSubscriptOutOfRange, list_->AddItem(item.get()));
+    EXPECT_RAISES(added ? 0 : Error_SubscriptOutOfRange, list_->AddItem(item.get()));
   }
   void AddBefore() {
     const Ref<Object> item = New();
     const std::int32_t before = AnyIndex();
     const bool added = model_.InsertBefore(item, before);
-    EXPECT_RAISES(added ? 0 : kSubscriptOutOfRange, list_->AddItemBefore(item.get(), before));
+    EXPECT_RAISES(added ? 0 : Error_SubscriptOutOfRange, list_->AddItemBefore(item.get(), before));
   }
   void Remove() {
     const std::int32_t index = AnyIndex();
@@ -132,7 +129,7 @@ class Pair {
     const Ref<Object> expected = model_.HasSlot(slot) ? model_.At(slot) : nullptr;
     const bool removed = model_.Remove(index);
     Ref<Object> item;
-    EXPECT_RAISES(removed ? 0 : kSubscriptOutOfRange, item = list_->Remove(index));
+    EXPECT_RAISES(removed ? 0 : Error_SubscriptOutOfRange, item = list_->Remove(index));
     EXPECT_EQ(item, expected);
   }
   void Clear() {
@@ -181,12 +178,12 @@ class Pair {
   void Read() {
     const Items present = model_.Present();
     Items array;
-    EXPECT_RAISES(present.empty() ? kSubscriptOutOfRange : 0, array = list_->AsArray());
+    EXPECT_RAISES(present.empty() ? Error_SubscriptOutOfRange : 0, array = list_->AsArray());
     EXPECT_EQ(array, present);
     const std::int32_t index = AnyIndex();
     const std::int32_t slot = model_.Normalised(index);
     Ref<Object> item;
-    EXPECT_RAISES(model_.HasSlot(slot) ? 0 : kSubscriptOutOfRange, item = list_->GetItem(index));
+    EXPECT_RAISES(model_.HasSlot(slot) ? 0 : Error_SubscriptOutOfRange, item = list_->GetItem(index));
     EXPECT_EQ(item, model_.HasSlot(slot) ? model_.At(slot) : nullptr);
     const auto found = std::find(present.begin(), present.end(), item);
     const auto position = found == present.end() ? -1 : static_cast<std::int32_t>(found - present.begin());

@@ -135,6 +135,10 @@ TEST(clsIteratorTest, YieldsTheOldItemsWhateverTheFirstChangeIs) {
   const Change changes[] = {
       {[](clsObjectList& list) { list.Reverse(); }, "b a c"},
       {[](clsObjectList& list) { list.SortInPlace(); }, "a b c"},
+      {[](clsObjectList& list) {
+         list.Rearrange(std::vector<Object*>{list.begin()[2], list.begin()[0], list.begin()[1]});
+       },
+       "b c a"},
       {[](clsObjectList& list) { list.Remove(0); }, "a b"},
       {[](clsObjectList& list) { list.AddItem(BoxString(u"x").get()); }, "c a b x"},
       {[](clsObjectList& list) { list.AddItemBefore(BoxString(u"x").get(), 0); }, "x c a b"},
@@ -142,6 +146,7 @@ TEST(clsIteratorTest, YieldsTheOldItemsWhateverTheFirstChangeIs) {
       {[](clsObjectList& list) { list.Clear(); }, ""},
   };
   for (const Change& change : changes) {
+    SCOPED_TRACE(change.after);
     const Ref<clsObjectList> list = Texts({u"c", u"a", u"b"});
     const Ref<clsIterator> iterator = list->BeginIter();
     change.make(*list);

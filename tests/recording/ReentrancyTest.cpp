@@ -5,6 +5,7 @@
 #include "core/Error.h"
 #include "storage/TextFile.h"
 #include "tests/recording/RecordingFixture.h"
+#include "tests/support/AtNextItem.h"
 #include "tests/support/Ending.h"
 #include "tests/support/Errors.h"
 
@@ -207,6 +208,47 @@ TEST_F(ReentrancyTest, TheEndOfAnObserverMayStartTheListAnewWhileATakeIsMerged) 
   }
 }
 
+TEST_F(ReentrancyTest, TheEndOfWhatATakeOrInitReplacesMayBeginATake) {
+  const Ref<vxEventList> list = MakeRef<vxEventList>();
+  // In the take under way.
+  const auto endingTake = [&](std::function<void()> atEnd) {
+    list->StartRecording();
+    const Ref<clsButton> button = MakeRef<clsButton>();
+    button->Init(MakeRef<test::Ending<IButtonEventHandler>>(std::move(atEnd)).get(), nullptr);
+    const Ref<vxEvent> event = MakeRef<vxEvent>();
+    event->Init(1, button.get(), vxEvent_ButtonOn);
+    list->AddEvent(event.get());
+  };
+  list->Init(nullptr);
+  endingTake([&] {
+    list->StopRecording();
+    list->StartRecording();
+    list->AddEvent(Event(2, u"new").get());
+  });
+  list->StartRecording();
+  list->StopRecording();
+  EXPECT_EQ(Text(*list->events()), "2 new");
+
+  endingTake([&] {
+    list->StartRecording();
+    list->AddEvent(Event(3, u"newer").get());
+  });
+  list->Init(nullptr);
+  list->StopRecording();
+  EXPECT_EQ(Text(*list->events()), "3 newer");
+}
+
+TEST_F(ReentrancyTest, TheEndOfWhatInitReplacesMayRecordAndPlay) {
+  const auto begin = [&] {
+    recorder->Record();
+    recorder->ButtonPlaystateChanged(Button(u"new").get(), PSEventSource_User, 0, 0, 0, 0);
+  };
+  recorder->EventList()->SetEventHandler(MakeRef<test::Ending<IObjListEventHandler>>(begin).get(), nullptr);
+  recorder->Init(bar.get());
+  recorder->Record();
+  EXPECT_EQ(Text(*recorder->EventList()), "0 new");
+}
+
 TEST_F(ReentrancyTest, StoppingWhileAnEventFiresRewindsTheNextTick) {
   Fill();
   recorder->Play();
@@ -238,16 +280,7 @@ TEST_F(ReentrancyTest, EndingAnOverwriteTakeWhileItRecordsReplacesTheList) {
 }
 
 TEST_F(ReentrancyTest, BeginningATakeWhileOneIsMergedKeepsTheNewOne) {
-  class Restart : public IObjListEventHandler {
-   public:
-    VESTREL_OBJECT(Restart, IObjListEventHandler)
-    std::function<void()> work;
-    void ItemAdded(clsObjectList* /*list*/, Object* /*item*/, std::int32_t /*at*/,
-                   Object* /*data*/) override {
-      if (work) std::exchange(work, nullptr)();
-    }
-  };
-  const Ref<Restart> restart = MakeRef<Restart>();
+  const Ref<test::AtNextItem> restart = MakeRef<test::AtNextItem>();
   recorder->EventList()->SetEventHandler(restart.get(), nullptr);
   const Ref<clsButton> button = Button(u"x");
   recorder->Record();

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <utility>
 
+#include "core/Cast.h"
 #include "tests/scenarios/Scene.h"
 #include "tests/support/Ending.h"
 
@@ -14,7 +14,7 @@ namespace vestrel::test {
 class GoingScene {
  public:
   GoingScene(MemoryFiles& files, FakeHostServices& services, FakeClock& clock)
-      : scene(files, services, clock, [this](SimulatedHost& host) { Cast(host); }) {
+      : scene(files, services, clock, [this](SimulatedHost& host) { SendIn(host); }) {
     Plant();
     LetGo();
   }
@@ -23,16 +23,28 @@ class GoingScene {
   GoingScene(const GoingScene&) = delete;
   GoingScene& operator=(const GoingScene&) = delete;
 
-  // Puts more of them in what is recorded, watched and played, and in slots that items have left. Calls
-  // nothing back.
+  // Puts more of them in what is recorded, watched and played, and in slots that items have left.
   void Plant() {
-    const auto told = std::exchange(atEnd, nullptr);
     PlantEvents();
+    if (!scene.controller) return;
+    const Ref<clsPage> page = scene.controller->PageManager()->CurrentPage();
     for (const std::int32_t group : {0, 1, 2, 9}) {
-      PlantBehind(scene.page->ButtonGroups(group)->buttons, 1);
-      PlantBehind(scene.page->ButtonGroups(group)->nowPlayingList, 3);
+      PlantBehind(page->ButtonGroups(group)->buttons, 1);
+      PlantBehind(page->ButtonGroups(group)->nowPlayingList, 3);
     }
-    atEnd = told;
+  }
+
+  // Puts one in the lists themselves, of which the library is not told when it is played.
+  void PlantInLists() {
+    const Ref<clsPage> page = scene.controller->PageManager()->CurrentPage();
+    for (const std::int32_t group : {0, 1, 2, 9}) {
+      const Ref<clsButton> button = GoingButton();
+      button->groupIndex = group;
+      button->buttonIndex = 8;
+      button->name = u"Guest";
+      page->ButtonGroups(group)->buttons->AddItem(button.get());
+      PlantBehind(page->ButtonGroups(group)->buttons, 1);
+    }
   }
 
   // Called at each end.
@@ -45,7 +57,7 @@ class GoingScene {
       if (const auto work = atEnd) work();
     };
   }
-  void Cast(SimulatedHost& host) {
+  void SendIn(SimulatedHost& host) {
     host.form = MakeRef<Ending<RecordingForm>>(End(), host.transcript);
     host.lamps = MakeRef<Ending<RecordingLamps>>(End(), host.transcript);
     host.transport = MakeRef<Ending<RecordingTransport>>(End(), host.transcript);
@@ -65,6 +77,7 @@ class GoingScene {
     }
     const Ref<Object> handed = MakeRef<Ending<IObjListEventHandler>>(End());
     events->SetEventHandler(MakeRef<Ending<IObjListEventHandler>>(End()).get(), handed.get());
+    scene.record->ButtonPlaystateChanged(GoingButton().get(), PSEventSource_User, 1, 0, 0, 0);
   }
   void PlantBehind(const Ref<clsObjectList>& list, int count) {
     if (!list) return;
@@ -77,6 +90,7 @@ class GoingScene {
     scene.lamps = MakeRef<RecordingLamps>(scene.transcript);
     scene.transport = MakeRef<RecordingTransport>(scene.transcript);
     scene.assignment = MakeRef<RecordingAssignment>(scene.transcript);
+    scene.page = &Cast<clsPage>(scene.controller->PageManager()->PageList()->GetItem(1).get());
   }
 };
 

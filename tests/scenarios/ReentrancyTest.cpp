@@ -8,10 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Error.h"
 #include "tests/scenarios/GoingScene.h"
+#include "tests/scenarios/SceneTest.h"
 #include "tests/support/Scale.h"
-#include "util/modLog.h"
 
 namespace vestrel::test {
 namespace {
@@ -99,34 +98,9 @@ const std::vector<Trigger>& Triggers() {
   return kTriggers;
 }
 
-class ReentrancyTest : public TestPlatform {
- protected:
-  ReentrancyTest() {
-    files.PutFolder(u"C:\\app");
-    modLog::Init(u"C:\\log.txt");
-    modLog::SetLogLevel(LogLevel_1_SEVERE);
-  }
+using ReentrancyTest = SceneTest;
 
-  // A failing operation is the host's own affair.
-  template <class Action>
-  static void Try(Action action) {
-    try {
-      action();
-    } catch (const Error&) {
-    }
-  }
-
-  static void Check(Scene& scene) {
-    scene.onCallback = nullptr;
-    if (!scene.controller) return;
-    EXPECT_EQ(scene.Faults(), "");
-    Try([&] { scene.controller->controlClicked(37, 1, 0, 0, 0); });
-    Try([&] { scene.controller->setModeEditing(false); });
-    EXPECT_EQ(scene.Faults(), "");
-  }
-};
-
-class CallbackTest : public ReentrancyTest, public testing::WithParamInterface<std::size_t> {
+class CallbackTest : public SceneTest, public testing::WithParamInterface<std::size_t> {
  protected:
   // Runs the trigger with `action` inside the callback, down to `depth` levels. Answers how often it ran.
   int RunPair(const Trigger& trigger, const HostAction& action, int depth) {

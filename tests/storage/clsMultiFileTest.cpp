@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "core/Error.h"
 #include "core/clsString.h"
 #include "storage/TextFile.h"
 #include "storage/clsMultiFile.h"
+#include "tests/support/AtNextItem.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePlatform.h"
 #include "util/modLog.h"
@@ -86,25 +85,15 @@ TEST_F(clsMultiFileTest, LoadingAppends) {
   EXPECT_EQ(At(0).theName, u"first");
 }
 
-// Does something when the first item arrives.
-class AtTheFirst : public IObjListEventHandler {
- public:
-  VESTREL_OBJECT(AtTheFirst, IObjListEventHandler)
-  std::function<void()> work;
-  int heard = 0;
-  void ItemAdded(clsObjectList* /*list*/, Object* /*item*/, std::int32_t /*atIndex*/,
-                 Object* /*userData*/) override {
-    if (++heard == 1) work();
-  }
-};
-
 TEST_F(clsMultiFileTest, AnObserverMaySetTheFileUpAnewOrLetGoOfItWhileItLoads) {
   files.Put(kFile, kTwo);
-  const Ref<AtTheFirst> observer = MakeRef<AtTheFirst>();
-  observer->work = [this] { multi->Init(u"C:\\app", u"Gala", u"Page 1", u"Other"); };
-  multi->SequenceList()->SetEventHandler(observer.get(), nullptr);
+  const Ref<test::AtNextItem> observer = MakeRef<test::AtNextItem>();
+  observer->work = [this] { multi->Init(u"C:\\app", u"Gala", u"Page 2", u"Other"); };
+  const Ref<clsObjectList> list = multi->SequenceList();
+  list->SetEventHandler(observer.get(), nullptr);
   multi->Load();
   EXPECT_EQ(observer->heard, 2);
+  EXPECT_EQ(static_cast<clsSequence*>(list->GetItem(1).get())->myPage, u"Page 1");
   EXPECT_EQ(multi->SequenceList()->Size(), 0);
 
   observer->heard = 0;
