@@ -1,5 +1,6 @@
 #include "controller/clsPageManager.h"
 #include "tests/controller/ControllerFixture.h"
+#include "tests/support/Ending.h"
 
 namespace vestrel::test {
 namespace {
@@ -40,6 +41,20 @@ TEST_F(clsPageManagerTest, StartsWithNoShowAndThePlaceholderPage) {
   EXPECT_EQ(manager->GetPageNames()->Size(), 0);
   EXPECT_FALSE(manager->IsLoading());
   EXPECT_FALSE(manager->PageIsValid());
+}
+
+TEST_F(clsPageManagerTest, TheEndOfWhatInitReplacesMaySetAShow) {
+  NewShow();
+  manager->SetPage(u"Act 1");
+  {
+    const Ref<clsButton> guest = MakeRef<clsButton>();
+    guest->Init(MakeRef<Ending<IButtonEventHandler>>([this] { manager->setShow(u"Gala"); }).get(), nullptr);
+    manager->CurrentPage()->ButtonGroups(2)->buttons->AddItem(guest.get());
+  }
+  manager->Init(kApp, controller.get());
+  EXPECT_EQ(manager->showName(), u"Gala");
+  EXPECT_EQ(manager->CurrentPageName(), u"Act 1");
+  EXPECT_TRUE(manager->PageIsValid());
 }
 
 TEST_F(clsPageManagerTest, WithoutInitAnswersNoPageAndRaises) {

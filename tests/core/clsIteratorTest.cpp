@@ -6,6 +6,7 @@
 
 #include "core/clsIterator.h"
 #include "tests/core/ListHelpers.h"
+#include "tests/support/Ending.h"
 #include "tests/support/Errors.h"
 
 namespace vestrel {
@@ -155,6 +156,23 @@ TEST(clsIteratorTest, YieldsTheOldItemsWhateverTheFirstChangeIs) {
     for (std::u16string text; iterator->hasNextString(text);) all += text;
     EXPECT_EQ(all, u"cab");
   }
+}
+
+TEST(clsIteratorTest, TheEndOfAnItemThatInitReplacesMayCallInit) {
+  const Ref<clsIterator> iterator = MakeRef<clsIterator>();
+  const auto again = [&] {
+    const std::vector<Ref<Object>> items{BoxLong(1), BoxLong(2)};
+    iterator->Init(items, 2);
+  };
+  {
+    const std::vector<Ref<Object>> going{MakeRef<test::Ending<test::RecordingObserver>>(again)};
+    iterator->Init(going, 1);
+  }
+  const std::vector<Ref<Object>> seven{BoxLong(7)};
+  iterator->Init(seven, 1);
+  std::string all;
+  for (std::int32_t value = 0; iterator->hasNextLong(value);) all += std::to_string(value);
+  EXPECT_EQ(all, "12");
 }
 
 TEST(clsIteratorTest, OutlivesItsList) {

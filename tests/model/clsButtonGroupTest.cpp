@@ -3,6 +3,7 @@
 
 #include "model/clsButtonGroup.h"
 #include "tests/model/RecordingController.h"
+#include "tests/support/Ending.h"
 
 namespace vestrel {
 namespace {
@@ -26,6 +27,24 @@ TEST(clsButtonGroupTest, ANewGroupIsEmptyWithAFaderAtZero) {
   EXPECT_FALSE(group->highlightedButton);
   EXPECT_EQ(group->Fader()->value(), 0);
   EXPECT_FALSE(group->Fader()->Engaged());
+}
+
+TEST(clsButtonGroupTest, TheEndOfWhatInitReplacesFindsTheNewLists) {
+  const auto group = MakeRef<clsButtonGroup>();
+  group->Init(4, nullptr);
+  const auto add = [&] {
+    group->buttons->AddItem(ButtonAt(1).get());
+    group->nowPlayingList->AddItem(ButtonAt(1).get());
+  };
+  {
+    const auto guest = MakeRef<clsButton>();
+    guest->Init(MakeRef<test::Ending<IButtonEventHandler>>(add).get(), nullptr);
+    group->buttons->AddItem(guest.get());
+  }
+  group->Init(5, nullptr);
+  EXPECT_EQ(group->groupIndex(), 5);
+  EXPECT_EQ(group->buttons->Size(), 1);
+  EXPECT_EQ(group->nowPlayingList->Size(), 1);
 }
 
 TEST(clsButtonGroupTest, InitStartsOver) {

@@ -7,6 +7,7 @@
 #include "model/clsDeferred.h"
 #include "model/clsPage.h"
 #include "tests/model/PageFixture.h"
+#include "tests/support/Ending.h"
 
 namespace vestrel {
 namespace {
@@ -22,6 +23,22 @@ TEST_F(clsPageTest, InitMakesTenGroupsAndReadsNothing) {
   EXPECT_EQ(page->pageName(), u"Act 1");
   EXPECT_FALSE(files.Has(kFile));
   EXPECT_THAT(controller->Take(), IsEmpty());
+}
+
+TEST_F(clsPageTest, TheEndOfWhatInitReplacesFindsTheWholeNewPage) {
+  int saved = 0;
+  const auto save = [&] {
+    page->saveToINI();
+    ++saved;
+  };
+  {
+    const Ref<clsButton> guest = MakeRef<clsButton>();
+    guest->Init(MakeRef<test::Ending<IButtonEventHandler>>(save).get(), nullptr);
+    page->ButtonGroups(2)->buttons->AddItem(guest.get());
+  }
+  page->Init(u"C:\\app", controller.get(), u"Gala", u"Act 1", true);
+  EXPECT_EQ(saved, 1);
+  EXPECT_TRUE(files.Has(kFile));
 }
 
 TEST_F(clsPageTest, AGroupOutsideZeroToNineIsOutOfRange) {
