@@ -1,6 +1,7 @@
 #include "model/clsButton.h"
 
 #include <optional>
+#include <typeinfo>
 
 #include "core/Cast.h"
 #include "core/Convert.h"
@@ -88,6 +89,10 @@ void clsButton::InitWithValues(clsPage* page, std::int32_t newGroupIndex, std::i
   buttonIndex = newButtonIndex;
   name = std::move(ownName);
   buttonType = newButtonType;
+}
+
+bool clsButton::EndsQuietly() const {
+  return typeid(*this) == typeid(clsButton) && (eventHandler_.IsUnset() || eventHandler_.Anchor() != nullptr);
 }
 
 Ref<clsPage> clsButton::Page() const {

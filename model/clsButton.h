@@ -65,6 +65,9 @@ class clsButton : public virtual IComparable {
   // Init, then the four fields given (groupIndex 0 to 9, buttonIndex from 1; neither is checked).
   void InitWithValues(clsPage* page, std::int32_t groupIndex, std::int32_t buttonIndex,
                       std::u16string_view name, ButtonTypeEnum buttonType, IButtonEventHandler* eventHandler);
+  // Whether no host's code runs when the button goes: it is no class of a host's, and its handler is held
+  // weakly or there is none.
+  bool EndsQuietly() const;
   // The page that the button belongs to, none when there is none or it is gone.
   Ref<clsPage> Page() const;
   // Makes the button belong to another page. Its lists are the caller's business.

@@ -120,9 +120,9 @@ void clsPage::loadFromINI() {
   RequireFile(u"clsButtonGroupController.readFromINI");
   const Ref<clsPage> self(this);
   // Go when the page is whole: the end of a button may call back.
-  std::vector<std::vector<Ref<Object>>> former;
+  std::vector<Ref<Object>> former;
   try {
-    for (std::int32_t g = 0; g < kGroups; ++g) former.push_back(ButtonsOf(*Group(g))->Held());
+    former = ItemsThatMayCallBack();
     // For its reads alone: the file is read once. What cannot be read is not taken for an empty page, which
     // the next save would put in its place.
     IniBatch batch(File().filename(), Sync::No);
@@ -241,6 +241,18 @@ void clsPage::WriteGroup(std::int32_t groupIndex, bool withButtons) {
     for (Object* item : ButtonsOf(*group)->Snapshot()) WriteButton(Cast<clsButton>(item));
   }
   batch.Commit();
+}
+
+// Not the library's own buttons: kept, each new one would take fresh memory in place of an old one's.
+std::vector<Ref<Object>> clsPage::ItemsThatMayCallBack() const {
+  std::vector<Ref<Object>> result;
+  for (std::int32_t g = 0; g < kGroups; ++g) {
+    for (const Ref<Object>& item : ButtonsOf(*Group(g))->Held()) {
+      const auto* const button = TryCast<clsButton>(item.get());
+      if (item && (button == nullptr || !button->EndsQuietly())) result.push_back(item);
+    }
+  }
+  return result;
 }
 
 void clsPage::LoadGroup(std::int32_t groupIndex) {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controller/interfaces/IPageController.h"
 #include "core/BackRef.h"
@@ -87,6 +88,7 @@ class clsPage : public virtual IComparable {
   void WriteUsedIndices(std::int32_t groupIndex);
   void WriteButton(clsButton& button);
   void WriteGroup(std::int32_t groupIndex, bool withButtons);
+  std::vector<Ref<Object>> ItemsThatMayCallBack() const;
   void LoadGroup(std::int32_t groupIndex);
   void LoadButton(std::string_view section, std::int32_t groupIndex, std::int32_t buttonIndex);
 
