@@ -5,15 +5,14 @@
 
 #include "core/Error.h"
 #include "tests/scenarios/Scene.h"
-#include "util/modLog.h"
+#include "tests/support/LogFixture.h"
 
 namespace vestrel::test {
 
-class SceneTest : public TestPlatform {
+class SceneTest : public LogFixture {
  protected:
   SceneTest() {
     files.PutFolder(u"C:\\app");
-    modLog::Init(u"C:\\log.txt");
     modLog::SetLogLevel(LogLevel_1_SEVERE);
   }
 
